@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+
+namespace platform {
+
+/// The three initialization-file services, as published, over any text file of sections in square
+/// brackets and key=value lines. Sections and keys match without case and the first of a name
+/// counts; blanks round a value and one pair of quotes round it are taken off; lines that begin
+/// with ';' are comments; CRLF and LF are both read and each file keeps its own. Text is UTF-8 here
+/// and Windows-1252 in the file. A file is read once and again only when it changed on disk (time
+/// stamp, size or identity), and no call costs a pass over it. Files over 64 MiB count as absent.
+
+/// The decimal value of a key: blanks, a sign and digits, up to the first other character; 0 when
+/// there is none. `fallback` when section, key or file is absent. Wraps at 32 bits, as published.
+std::int32_t GetPrivateProfileIntA(std::string_view section, std::string_view key,
+                                   std::int32_t fallback, std::string_view file);
+
+/// The value of a key, or `fallback` with trailing blanks taken off when it is absent, cut to
+/// `size` - 1 bytes of the file's code page.
+std::string GetPrivateProfileStringA(std::string_view section, std::string_view key,
+                                     std::string_view fallback, std::size_t size,
+                                     std::string_view file);
+
+/// Replaces the key's value in place, or adds the key at the end of its section, or the section at
+/// the end of the file, or creates the file. Every other byte stays. One safe, flushed replacement
+/// for each call, unless an IniBatch for that file is alive. kOk without a write when the value
+/// already stands.
+FileStatus WritePrivateProfileStringA(std::string_view section, std::string_view key,
+                                      std::string_view value, std::string_view file);
+
+/// While one lives, writes to `file` are collected; Commit, or its end, makes them in one safe
+/// replacement. Reads see them at once.
+class IniBatch {
+ public:
+  explicit IniBatch(std::string_view file);
+  IniBatch(const IniBatch&) = delete;
+  IniBatch& operator=(const IniBatch&) = delete;
+  ~IniBatch();
+
+  FileStatus Commit();
+
+ private:
+  std::string file_;
+  bool open_ = true;
+};
+
+}  // namespace platform

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/forms.h"
+#include "widgets/SkinnedButtons.h"
+
+namespace nimbrel {
+
+/// The page now shown, by its form's name. Empty at start, "frm_Main" once the user has come back
+/// to the main page. Written by the dispatch alone.
+extern std::string CurrentPage;
+
+/// Puts a page over the panel of the main window, in place of the one that is there. Does not set
+/// CurrentPage: the caller does, afterwards.
+void ShowPage(platform::Form& form);
+/// Takes a page out of the main window by its name, in any case; "frm_msg" hides the dialog.
+void HidePage(std::string_view name);
+
+/// The action of every skinned button's click; becomes DispatchClick at start.
+void RunClick(ButtonClass button_class, const std::string& form_name,
+              const std::string& button_type);
+
+}  // namespace nimbrel

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/forms.h"
+#include "platform/window.h"
+#include "widgets/cls_Tooltip.h"
+
+namespace nimbrel {
+
+/// What a click of a skinned button does: given the class of the button, the name of its form and
+/// its button_type in lower case. The shell sets it at start; null does nothing. Exceptions that
+/// leave it end the click silently.
+enum class ButtonClass : unsigned char { kSmall, kMedium, kStandard, kLarge };
+using ButtonDispatch = void (*)(ButtonClass button_class, const std::string& form_name,
+                                const std::string& button_type);
+extern ButtonDispatch DispatchClick;
+
+/// The fixed values of a class, in pixels. The frame step is the height.
+struct ButtonLook {
+  ButtonClass button_class;
+  int width;
+  int height;
+  bool has_text;
+};
+
+/// A push button that is a strip of four stacked pictures: enabled, highlight, down, disabled.
+class SkinnedButton : public platform::UserControl {
+ public:
+  SkinnedButton(platform::Container& container, std::string_view name, const ButtonLook& look);
+  ~SkinnedButton() override;
+
+  /// Destroys the tooltip and ends the delivery of messages. May be called again.
+  void end_sub_class();
+  /// What a press of the left button does.
+  void click_event();
+
+  const std::string& ToolTip() const { return tool_tip_; }
+  void SetToolTip(std::string_view text);
+  const std::string& picture() const { return picture_; }
+  /// Strip "\Media\" + name + ".bmp". A missing file leaves the picture in place; a button that
+  /// never had one draws itself plainly, with its caption or the first words of its tooltip.
+  void Setpicture(std::string_view name);
+  const std::string& HelpText() const { return help_text_; }
+  void SetHelpText(std::string_view text) { help_text_ = text; }
+  const std::string& state() const { return state_; }
+  /// "enabled", "highlight", "down" or "disabled"; any other is stored and moves nothing.
+  void Setstate(std::string_view state);
+  platform::Form* form_name() const { return form_; }
+  void Setform_name(platform::Form* form) { form_ = form; }
+  const std::string& button_type() const { return button_type_; }
+  void Setbutton_type(std::string_view type) { button_type_ = type; }
+
+ protected:
+  const std::string& Caption() const { return caption_; }
+  void SetCaptionText(std::string_view text);
+
+ private:
+  void ForceSize();
+  void ShowFrame();
+  void DrawPlainStrip();
+  void PointerMoved();
+  void PointerLeft();
+  void Press();
+  void Release();
+
+  ButtonLook look_;
+  platform::PictureBox pic_BG_;
+  std::unique_ptr<platform::Label> Label1_;
+  std::unique_ptr<platform::SmartSubClass> m_Sniff_;
+  std::unique_ptr<cls_Tooltip> tooltip_;
+  std::string button_type_;
+  platform::Form* form_ = nullptr;
+  std::string picture_;
+  std::string state_ = "enabled";
+  std::string tool_tip_;
+  std::string help_text_;
+  std::string caption_;
+  bool tracking_ = false;  ///< true while the button waits for the pointer to leave
+};
+
+inline constexpr ButtonLook kSmallLook{ButtonClass::kSmall, 28, 28, false};
+inline constexpr ButtonLook kMediumLook{ButtonClass::kMedium, 142, 44, true};
+inline constexpr ButtonLook kStandardLook{ButtonClass::kStandard, 44, 44, false};
+inline constexpr ButtonLook kLargeLook{ButtonClass::kLarge, 128, 43, false};
+
+/// The four classes are one design at four sizes.
+template <const ButtonLook& Look>
+class SizedButton : public SkinnedButton {
+ public:
+  SizedButton(platform::Container& container, std::string_view name)
+      : SkinnedButton(container, name, Look) {}
+  const std::string& ButtonText() const requires(Look.has_text) { return Caption(); }
+  void SetButtonText(std::string_view text) requires(Look.has_text) { SetCaptionText(text); }
+};
+using SmallButton = SizedButton<kSmallLook>;
+using MediumButton = SizedButton<kMediumLook>;
+using StandardButton = SizedButton<kStandardLook>;
+using LargeButton = SizedButton<kLargeLook>;
+
+/// What an owner gives a button after placing it. `text` is for a MediumButton.
+struct ButtonSetup {
+  double left;  ///< pixels in the container
+  double top;
+  const char* button_type;
+  const char* picture;
+  const char* tool_tip;
+};
+/// Places the button and sets it up in the fixed order, enabled.
+void SetUpButton(SkinnedButton& button, platform::Form& form, const ButtonSetup& setup);
+
+}  // namespace nimbrel
