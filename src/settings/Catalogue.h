@@ -20,12 +20,16 @@ inline constexpr std::int16_t kWater = 2;
 inline constexpr std::size_t kFamilies = 3;
 inline constexpr std::size_t kMostGroups = 4;  ///< groups of the largest family
 
+/// Section of each family in the information file.
+inline constexpr std::array<const char*, kFamilies> kFamilySections{"CloudTextures", "SkyTextures",
+                                                                    "WaterTextures"};
+
 /// One of the eleven groups: the fixed facts by which everything else loops over them.
 struct OptionGroup {
   std::int16_t family;
-  std::int16_t index;        ///< inside the family
-  const char* prefix;        ///< of its row keys in the information file
-  const char* highest_key;   ///< key of its HighestIndex
+  std::int16_t index;       ///< inside the family
+  const char* prefix;       ///< of its row keys in the information file
+  const char* highest_key;  ///< key of its HighestIndex
 };
 
 /// Families in the order of the pages, groups in the order of their index.
@@ -67,6 +71,9 @@ class CatalogueTable {
   bool Empty() const { return rows_.empty(); }
 
  private:
+  /// Number of the row, or that of rows_ when the place is outside.
+  std::size_t Row(std::int16_t group, std::int16_t option) const;
+
   std::size_t width_ = 0;
   std::vector<TextureOption> rows_;
 };

@@ -22,6 +22,10 @@ std::string InformationFile();
 /// the simulator goes through it.
 extern std::string SimulatorRoot;
 
+/// Key of one field of a group's row: prefix, field name, full stop, index in plain decimal.
+std::string RowKey(std::string_view prefix, std::string_view field, std::int16_t option);
+inline constexpr std::string_view kInhibitField = "InhibitRandomizer";
+
 /// The value of a key as a 32-bit number, 0 when absent.
 std::int32_t ReadIniInt(std::string_view section, std::string_view key, std::string_view file);
 /// The value of a key, at most 511 characters, null characters as blanks, trimmed.
