@@ -16,6 +16,10 @@ void DeleteUntilGone(std::string_view pattern);
 /// is held open. Notes a failure in CopyFailures. Both paths as composed text.
 platform::FileStatus ReplaceSimulatorFile(std::string_view source, std::string_view target);
 
+/// Copies what lies in a folder, at most 100 files, into another under the same names, without
+/// progress. Both end in a backslash. A folder that is not there copies nothing.
+void CopyFolder(std::string_view source, std::string_view destination);
+
 /// The copies of one set or fixed folder, file by file under the names of the source folder.
 /// `start` and `end` are percent of the progress bar; `selection` an option index.
 void CopyWaterSet(std::int16_t column, std::int16_t selection, double start, double end);
