@@ -1,13 +1,26 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/forms.h"
+#include "shell/FormLoaded.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
+
+/// One page that can lie over the panel of the main window.
+struct Page {
+  std::string_view name;  ///< its form's, in lower case
+  FormId id;
+  platform::Form& (*form)();  ///< loads it
+  /// Its native list controls, in the order they are switched on and off. Null: it has none.
+  std::span<platform::Control* const> (*lists)();
+};
+/// Every page, in the order in which ShowPage looks for the one that is up.
+extern std::span<const Page> Pages;
 
 /// The page now shown, by its form's name. Empty at start, "frm_Main" once the user has come back
 /// to the main page. Written by the dispatch alone.

@@ -6,12 +6,19 @@
 
 namespace nimbrel {
 
+/// The large picture of one option, over a part of the page it was opened from. It exists once and
+/// is never on a page that is not shown.
 struct frm_Preview {
   frm_Preview();
-  platform::Form form;
+  platform::Form form{"frm_Preview"};
 };
 /// The form, loaded at the first call.
 frm_Preview& PreviewForm();
+
+/// What the hint labels of the pages with small previews say.
+inline constexpr char kPreviewClosedText[] =
+    "Click on the small preview pictures to open a larger preview picture";
+inline constexpr char kPreviewOpenText[] = "Click on the preview picture to Close the picture";
 
 /// Shows an option's picture at `left`, `top` pixels of the page, or swaps the picture when it is
 /// open already, and sets the hint label.

@@ -1,0 +1,90 @@
+#include "shell/Pages.h"
+
+#include <array>
+#include <cstddef>
+
+#include "platform/text.h"
+#include "shell/frm_Main.h"
+#include "shell/frm_Msg.h"
+#include "shell/frm_Preview.h"
+
+namespace nimbrel {
+
+std::span<const Page> Pages;
+std::string CurrentPage;
+
+namespace {
+
+/// What SetParent gave back when a page was last shown.
+std::array<platform::HWND, static_cast<std::size_t>(FormId::kCount)> SavedParent{};
+
+platform::HWND& ParentOf(const Page& page) {
+  return SavedParent[static_cast<std::size_t>(page.id)];
+}
+
+void SwitchLists(const Page& page, bool on) {
+  if (page.lists != nullptr) {
+    for (platform::Control* list : page.lists()) {
+      list->SetVisible(on);
+    }
+  }
+}
+
+void HideVisiblePage() {
+  for (const Page& page : Pages) {
+    if (IsFormLoaded(page.id) && page.form().Visible()) {
+      HidePage(page.name);
+    }
+  }
+}
+
+const Page* PageOf(const platform::Form& form) {
+  for (const Page& page : Pages) {
+    if (IsFormLoaded(page.id) && &page.form() == &form) {
+      return &page;
+    }
+  }
+  return nullptr;
+}
+
+void TakeOut(std::string_view name) {
+  for (const Page& page : Pages) {
+    if (page.name == name && IsFormLoaded(page.id)) {
+      SwitchLists(page, false);
+      platform::SetParent(page.form().hWnd(), ParentOf(page));
+      page.form().Hide();
+    }
+  }
+}
+
+}  // namespace
+
+void ShowPage(platform::Form& form) {
+  ClosePreview();
+  HideVisiblePage();
+  form.SetLeft(kPanelLeft * platform::Screen::TwipsPerPixelX());
+  form.SetTop(kPanelTop * platform::Screen::TwipsPerPixelY());
+  form.Show();
+  form.ZOrder();
+  const platform::HWND parent = platform::SetParent(form.hWnd(), MainForm().form.hWnd());
+  if (const Page* page = PageOf(form)) {
+    ParentOf(*page) = parent;
+    SwitchLists(*page, true);
+  }
+  form.SetFocus();
+}
+
+void HidePage(std::string_view name) {
+  const std::string folded = platform::LowerCase(name);
+  if (folded == "frm_msg") {
+    HideMessage();
+  } else {
+    TakeOut(folded);
+  }
+  if (IsFormLoaded(FormId::kMain)) {
+    MainForm().form.ZOrder();
+    MainForm().form.SetFocus();
+  }
+}
+
+}  // namespace nimbrel

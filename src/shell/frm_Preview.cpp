@@ -1,0 +1,72 @@
+#include "shell/frm_Preview.h"
+
+#include "platform/system.h"
+#include "shell/FormLoaded.h"
+#include "shell/frm_Main.h"
+#include "shell/mod_GDIP_PagePainting.h"
+#include "widgets/SmallFontFix.h"
+
+namespace nimbrel {
+namespace {
+
+constexpr int kWidth = 272;
+constexpr int kHeight = 210;
+
+/// The window it was a child of before it went onto a page.
+platform::HWND PreviewParent = nullptr;
+
+void SetHints(const char* text) { MainForm().lbl_PreviewText.SetCaption(text); }
+
+}  // namespace
+
+frm_Preview::frm_Preview() {
+  form.PlacePixels(0, 0, kWidth, kHeight);
+  FixFormForFontSize(form);
+  form.SetCaption("Preview Screen Shot");
+  form.SetBackColor(platform::RGB(201, 213, 231));
+  form.SetPicture(platform::ApplicationFolder() + "\\Media\\Preview_BG.bmp");
+  form.SetMouseIcon(platform::HandCursor());
+  form.SetMousePointer(platform::kPointerCustom);
+  form.Click = ClosePreview;
+  SetFormLoaded(FormId::kPreview);
+}
+
+frm_Preview& PreviewForm() {
+  // Lives to the end of the process: static objects end after the toolkit does.
+  static frm_Preview* const preview = new frm_Preview;
+  return *preview;
+}
+
+void OpenPreview(std::int16_t family, std::int16_t group, std::int16_t option, platform::Form& page,
+                 int left, int top) {
+  platform::Form& form = PreviewForm().form;
+  if (!form.Visible()) {
+    form.SetLeft(static_cast<float>(left) * platform::Screen::TwipsPerPixelX());
+    form.SetTop(static_cast<float>(top) * platform::Screen::TwipsPerPixelY());
+    form.Show();
+    form.ZOrder();
+    PreviewParent = platform::SetParent(form.hWnd(), page.hWnd());
+  }
+  form.Cls();
+  DrawLargePreview(family, group, option);
+  form.Refresh();
+  SetHints(kPreviewOpenText);
+}
+
+void ClosePreview() {
+  if (PreviewIsOpen()) {
+    ReleasePreview();
+    SetHints(kPreviewClosedText);
+  }
+}
+
+bool PreviewIsOpen() { return IsFormLoaded(FormId::kPreview) && PreviewForm().form.Visible(); }
+
+void ReleasePreview() {
+  if (PreviewIsOpen()) {
+    platform::SetParent(PreviewForm().form.hWnd(), PreviewParent);
+    PreviewForm().form.Hide();
+  }
+}
+
+}  // namespace nimbrel

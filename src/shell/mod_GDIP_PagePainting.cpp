@@ -1,0 +1,36 @@
+#include "shell/mod_GDIP_PagePainting.h"
+
+#include <string>
+
+#include "platform/system.h"
+#include "settings/Catalogue.h"
+#include "shell/frm_Main.h"
+#include "shell/frm_Preview.h"
+#include "shell/mod_GDIP_DrawingRoutines.h"
+
+namespace nimbrel {
+
+void SetPageTitle(std::string_view title, std::string_view icon_file) {
+  frm_Main& main = MainForm();
+  main.form.Cls();
+  DrawPageText(main.form.hDC(), {230, 79, 500, 44}, title, "Verdana", 22.0F,
+               platform::FontStyleRegular, platform::StringAlignmentNear,
+               platform::StringAlignmentCenter, kTitleColor, true);
+  // Without its file there is no icon: that of the page before would name the wrong page.
+  main.pic_ScreenIcon.SetVisible(main.pic_ScreenIcon.SetPicture(
+      platform::ApplicationFolder() + "\\Media\\" + std::string(icon_file)));
+}
+
+void DrawSummaryPreview(int left, int top, int width, int height, std::int16_t family,
+                        std::int16_t group, std::int16_t option) {
+  const platform::RectF place{static_cast<float>(left), static_cast<float>(top),
+                              static_cast<float>(width), static_cast<float>(height)};
+  DrawFramedPicture(MainForm().pic_Main.hDC(), place, kSummaryFrame,
+                    Catalogue.At(family, group, option).Preview);
+}
+
+void DrawLargePreview(std::int16_t family, std::int16_t group, std::int16_t option) {
+  DrawLargePicture(PreviewForm().form.hDC(), Catalogue.At(family, group, option).Preview);
+}
+
+}  // namespace nimbrel
