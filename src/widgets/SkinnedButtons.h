@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -38,6 +36,8 @@ class SkinnedButton : public platform::UserControl {
   void end_sub_class();
   /// What a press of the left button does.
   void click_event();
+  /// A whole click without the mouse, press and release. The button may be gone afterwards.
+  void Activate();
 
   const std::string& ToolTip() const { return tool_tip_; }
   void SetToolTip(std::string_view text);
@@ -62,7 +62,10 @@ class SkinnedButton : public platform::UserControl {
  private:
   void ForceSize();
   void ShowFrame();
+  bool NeedsPlainStrip() const { return !picture_.empty() && !pic_BG_.HasPicture(); }
   void DrawPlainStrip();
+  template <class Part>
+  void Wire(Part& part);
   void PointerMoved();
   void PointerLeft();
   void Press();
@@ -81,6 +84,8 @@ class SkinnedButton : public platform::UserControl {
   std::string help_text_;
   std::string caption_;
   bool tracking_ = false;  ///< true while the button waits for the pointer to leave
+  /// Lives as long as the button: how a release sees that its own operation destroyed the button.
+  std::shared_ptr<const int> alive_ = std::make_shared<const int>(0);
 };
 
 inline constexpr ButtonLook kSmallLook{ButtonClass::kSmall, 28, 28, false};

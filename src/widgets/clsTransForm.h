@@ -50,9 +50,9 @@ class clsTransForm {
 /// The form that DragForm moves: its pointer is set back after a drag. Set by frm_Main's load.
 extern platform::Form* DraggedForm;
 
-/// ShapeMe from a region file under the program's folder with black as the key colour. A missing or
-/// damaged file leaves the window rectangular: a program without its outline can still be used, and
-/// one that ends in its form's load can't.
+/// ShapeMe from a region file under the program's folder, such as "\Media\MsgRegion.dat", with
+/// black as the key colour. A missing or damaged file leaves the window rectangular: a program
+/// without its outline can still be used, and one that ends in its form's load can't.
 void ShapeFromFile(clsTransForm& shape, platform::Form& form, std::string_view media_file);
 
 }  // namespace nimbrel

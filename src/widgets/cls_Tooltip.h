@@ -26,7 +26,7 @@ class cls_Tooltip {
   std::int32_t VisibleTime() const;
   void SetVisibleTime(std::int32_t& lngTime);  ///< milliseconds, clamped to 0..32767 in place
   std::int32_t DelayTime() const;
-  void SetDelayTime(std::int32_t& lngTime);  ///< the same
+  void SetDelayTime(std::int32_t& lngTime);     ///< the same
   void SetFont(const platform::Font* objFont);  ///< null does nothing
 
   void Create(platform::HWND lngHwndParent);

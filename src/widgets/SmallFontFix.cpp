@@ -1,0 +1,106 @@
+#include "widgets/SmallFontFix.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <vector>
+
+#include "platform/gdi.h"
+#include "platform/window.h"
+
+namespace nimbrel {
+
+std::int32_t ScreenDpi = 96;
+float FontScaleFactor = 1.0F;
+
+namespace {
+
+using platform::Container;
+using platform::Control;
+using ScaleStep = void (*)(Control&, float factor);
+
+void ScaleWidthOf(Control& control, float factor) { control.SetWidth(control.Width() * factor); }
+void ScaleHeightOf(Control& control, float factor) { control.SetHeight(control.Height() * factor); }
+void ScaleTopOf(Control& control, float factor) { control.SetTop(control.Top() * factor); }
+void ScaleLeftOf(Control& control, float factor) { control.SetLeft(control.Left() * factor); }
+void ScaleInnerHeight(Control& control, float factor) {
+  auto& container = static_cast<Container&>(control);
+  container.SetScaleHeight(container.ScaleHeight() * factor);
+}
+void ScaleInnerWidth(Control& control, float factor) {
+  auto& container = static_cast<Container&>(control);
+  container.SetScaleWidth(container.ScaleWidth() * factor);
+}
+
+constexpr std::array<ScaleStep, 6> kPictureBoxSteps = {
+    ScaleWidthOf, ScaleHeightOf, ScaleTopOf, ScaleLeftOf, ScaleInnerHeight, ScaleInnerWidth};
+constexpr std::array<ScaleStep, 4> kOtherSteps = {ScaleWidthOf, ScaleHeightOf, ScaleTopOf,
+                                                  ScaleLeftOf};
+
+struct KindSteps {
+  platform::ControlKind kind;
+  std::span<const ScaleStep> steps;
+};
+/// What is scaled, by the control's kind and in this order; a kind without a row takes kOtherSteps.
+constexpr std::array<KindSteps, 1> kSteps = {{
+    {platform::ControlKind::kPictureBox, kPictureBoxSteps},
+}};
+
+std::span<const ScaleStep> StepsOf(platform::ControlKind kind) {
+  for (const KindSteps& row : kSteps) {
+    if (row.kind == kind) {
+      return row.steps;
+    }
+  }
+  return kOtherSteps;
+}
+
+/// Whether the control is a part of a control made of others: those lay out their parts themselves.
+bool IsPart(const Control& control, std::span<const platform::HWND> user_controls) {
+  for (platform::HWND parent = platform::GetParent(control.hWnd()); parent != nullptr;
+       parent = platform::GetParent(parent)) {
+    if (std::find(user_controls.begin(), user_controls.end(), parent) != user_controls.end()) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void ScaleControl(Control& control, float factor) {
+  platform::Font font = control.GetFont();
+  font.size *= factor;
+  control.SetFont(font);
+  for (const ScaleStep step : StepsOf(control.Kind())) {
+    step(control, factor);
+  }
+}
+
+}  // namespace
+
+bool IsSmallFonts() {
+  const platform::HWND desktop = platform::GetDesktopWindow();
+  platform::HDC dc = platform::GetDC(desktop);
+  ScreenDpi = platform::GetDeviceCaps(dc, platform::LOGPIXELSX);
+  platform::ReleaseDC(desktop, dc);
+  return ScreenDpi == 96;
+}
+
+void FixFormForFontSize(platform::Form& form) {
+  const std::int32_t dots_per_inch = IsSmallFonts() ? 96 : ScreenDpi;
+  FontScaleFactor = 96.0F / static_cast<float>(dots_per_inch);
+  if (FontScaleFactor != 1.0F) {
+    form.SetHeight(form.Height() * FontScaleFactor);
+    form.SetWidth(form.Width() * FontScaleFactor);
+  }
+  std::vector<platform::HWND> user_controls;
+  for (Control* control : form.Controls()) {
+    if (control->Kind() == platform::ControlKind::kUserControl) {
+      user_controls.push_back(control->hWnd());
+    }
+    if (!IsPart(*control, user_controls)) {
+      ScaleControl(*control, FontScaleFactor);
+    }
+  }
+}
+
+}  // namespace nimbrel
