@@ -1,0 +1,30 @@
+#include <QGuiApplication>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+
+#include "Simulator.h"
+#include "Skin.h"
+
+/// Lays out a small simulator folder with the program's folder two levels below it. What is in the
+/// way of its files is replaced; anything else is left alone.
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: nimbrel-demo FOLDER\n";
+    return 2;
+  }
+  setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  const QGuiApplication application(argc, argv);
+  try {
+    const auto simulator = std::filesystem::path(argv[1]) / "Flight Simulator 9";
+    const auto program = simulator / "Modules" / "Nimbrel";
+    demo::WriteSimulator(simulator);
+    demo::WriteSkin(program / "Media");
+    demo::WriteProgramData(program);
+  } catch (const std::exception& error) {
+    std::cerr << "nimbrel-demo: " << error.what() << '\n';
+    return 1;
+  }
+  return 0;
+}
