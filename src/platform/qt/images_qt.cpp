@@ -1,0 +1,155 @@
+#include <QFile>
+#include <QImageReader>
+#include <QtEndian>
+#include <array>
+#include <cstdlib>
+
+#include "platform/files.h"
+#include "platform/gdiplus.h"
+#include "platform/qt/paint_objects.h"
+
+namespace platform {
+namespace {
+
+constexpr int kLargestSide = 16384;
+constexpr int kLargestMegabytes = 1024;  ///< of a picture with both sides at the limit
+
+/// What the first bytes of a BMP file tell about its pixels; little-endian in the file.
+struct BmpFacts {
+  bool is_bmp = false;
+  std::int64_t pixels_end = 0;  ///< file length that the pixels need; 0 when packed
+};
+
+template <typename Number>
+Number Field(const std::array<char, 54>& head, std::size_t offset) {
+  return qFromLittleEndian<Number>(&head[offset]);
+}
+
+BmpFacts ReadBmpFacts(QFile& file) {
+  std::array<char, 54> head{};
+  if (file.peek(head.data(), head.size()) < static_cast<qint64>(head.size()) || head[0] != 'B' ||
+      head[1] != 'M') {
+    return {};
+  }
+  BmpFacts facts{.is_bmp = true};
+  constexpr std::uint32_t kPlain = 0;
+  constexpr std::uint32_t kBitFields = 3;
+  const auto compression = Field<std::uint32_t>(head, 30);
+  if (compression == kPlain || compression == kBitFields) {
+    const std::int64_t width = std::abs(std::int64_t{Field<std::int32_t>(head, 18)});
+    const std::int64_t height = std::abs(std::int64_t{Field<std::int32_t>(head, 22)});
+    const std::int64_t row = (width * Field<std::uint16_t>(head, 28) + 31) / 32 * 4;
+    if (width <= kLargestSide && height <= kLargestSide) {
+      facts.pixels_end = Field<std::uint32_t>(head, 10) + row * height;
+    }
+  }
+  return facts;
+}
+
+bool SizeServed(const QSize& size) {
+  return size.width() > 0 && size.height() > 0 && size.width() <= kLargestSide &&
+         size.height() <= kLargestSide;
+}
+
+/// A null picture for anything but a whole picture. A BMP file that ends early is refused: the
+/// decoder would leave the missing rows as memory happened to be.
+QImage Decode(QFile& file, bool& is_bmp) {
+  const BmpFacts facts = ReadBmpFacts(file);
+  is_bmp = facts.is_bmp;
+  if (facts.pixels_end > file.size()) {
+    return {};
+  }
+  QImageReader reader(&file);
+  reader.setDecideFormatFromContent(true);
+  if (!SizeServed(reader.size())) {
+    return {};
+  }
+  return reader.read();
+}
+
+/// The form that draws fastest; pixels that are in it already are not copied. The fourth byte of a
+/// BMP's pixels is no transparency, as published: it is often left at 0 all over.
+void MakeDrawable(QImage& pixels, bool opaque) {
+  const bool plain = opaque || !pixels.hasAlphaChannel();
+  pixels.convertTo(plain ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+}
+
+bool Inside(const GpImage& image, int x, int y) {
+  return image != nullptr && image->pixels.valid(x, y);
+}
+
+}  // namespace
+
+Status GdipLoadImageFromFile(std::string_view path, GpImage& image) {
+  image.reset();
+  const std::string host = HostPath(path);
+  QFile file(QString::fromUtf8(host.data(), static_cast<qsizetype>(host.size())));
+  if (!file.open(QIODevice::ReadOnly)) {
+    return Status::FileNotFound;
+  }
+  QImageReader::setAllocationLimit(kLargestMegabytes);
+  bool is_bmp = false;
+  QImage pixels = Decode(file, is_bmp);
+  if (pixels.isNull()) {
+    return Status::GenericError;
+  }
+  MakeDrawable(pixels, is_bmp);
+  if (pixels.isNull()) {
+    return Status::OutOfMemory;
+  }
+  image = std::make_shared<Image>();
+  image->pixels = std::move(pixels);
+  return Status::Ok;
+}
+
+Status GdipDisposeImage(GpImage& image) { return Release(image); }
+
+Status GdipGetImageWidth(const GpImage& image, std::uint32_t& width) {
+  width = image == nullptr ? 0 : static_cast<std::uint32_t>(image->pixels.width());
+  return image == nullptr ? Status::InvalidParameter : Status::Ok;
+}
+
+Status GdipGetImageHeight(const GpImage& image, std::uint32_t& height) {
+  height = image == nullptr ? 0 : static_cast<std::uint32_t>(image->pixels.height());
+  return image == nullptr ? Status::InvalidParameter : Status::Ok;
+}
+
+Status GdipBitmapGetPixel(const GpImage& image, int x, int y, ARGB& color) {
+  if (!Inside(image, x, y)) {
+    return Status::InvalidParameter;
+  }
+  color = image->pixels.pixel(x, y);
+  return Status::Ok;
+}
+
+Status GdipBitmapSetPixel(const GpImage& image, int x, int y, ARGB color) {
+  if (!Inside(image, x, y)) {
+    return Status::InvalidParameter;
+  }
+  QImage& pixels = image->pixels;
+  const bool fits = qAlpha(color) == 0xFF && pixels.format() == QImage::Format_RGB32;
+  if (!fits && pixels.format() != QImage::Format_ARGB32) {
+    pixels.convertTo(QImage::Format_ARGB32);
+  }
+  reinterpret_cast<QRgb*>(pixels.scanLine(y))[x] = color;
+  return Status::Ok;
+}
+
+Status GdipDrawImageRect(const GpGraphics& graphics, const GpImage& image, float x, float y,
+                         float width, float height) {
+  if (graphics == nullptr || image == nullptr || !InReach(x, y, width, height)) {
+    return Status::InvalidParameter;
+  }
+  Canvas canvas(*graphics);
+  if (!canvas.Ready()) {
+    return Status::InvalidParameter;
+  }
+  canvas->setRenderHint(QPainter::SmoothPixmapTransform);
+  const QRect place = WholePixels(x, y, width, height);
+  if (!place.isEmpty()) {
+    canvas->drawImage(place, image->pixels);
+  }
+  return Status::Ok;
+}
+
+}  // namespace platform
