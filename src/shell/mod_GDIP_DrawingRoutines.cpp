@@ -1,0 +1,203 @@
+#include "shell/mod_GDIP_DrawingRoutines.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+
+namespace nimbrel {
+
+using namespace platform;
+
+namespace {
+
+constexpr float kHairline = 1.0F;
+constexpr float kThick = 2.0F;
+
+/// A graphics object with smooth outlines for one drawing step.
+GpGraphics SmoothGraphics(const HDC& hdc) {
+  GpGraphics graphics;
+  GdipCreateFromHDC(hdc, graphics);
+  GdipSetSmoothingMode(graphics, SmoothingModeAntiAlias);
+  return graphics;
+}
+
+GpPen MakePen(ARGB color, float width) {
+  GpPen pen;
+  GdipCreatePen1(color, width, UnitPixel, pen);
+  return pen;
+}
+
+/// The figure of every framed picture, clockwise from the upper left corner.
+GpPath RoundedRectangle(const RectF& place, const PictureFrame& frame) {
+  const auto [x, y, w, h] = place;
+  const float r = frame.radius;
+  const float d = frame.diameter;
+  GpPath path;
+  GdipCreatePath(FillModeWinding, path);
+  GdipAddPathLine(path, x + r, y, x + w - d, y);
+  GdipAddPathArc(path, x + w - d, y, d, d, 270, 90);
+  GdipAddPathLine(path, x + w, y + r, x + w, y + h - d);
+  GdipAddPathArc(path, x + w - d, y + h - d, d, d, 0, 90);
+  GdipAddPathLine(path, x + w - d, y + h, x + r, y + h);
+  GdipAddPathArc(path, x, y + h - d, d, d, 90, 90);
+  GdipAddPathLine(path, x, y + h - d, x, y + r);
+  GdipAddPathArc(path, x, y, d, d, 180, 90);
+  GdipClosePathFigure(path);
+  return path;
+}
+
+void ClipToPath(const GpGraphics& graphics, const GpPath& path) {
+  GpRegion region;
+  GdipCreateRegionPath(path, region);
+  GdipSetClipRegion(graphics, region, CombineModeIntersect);
+}
+
+void DrawShadow(const HDC& hdc, const RectF& place, const PictureFrame& frame) {
+  const GpGraphics graphics = SmoothGraphics(hdc);
+  const GpPath path = RoundedRectangle(place, frame);
+  GpBrush brush;
+  GdipCreateSolidFill(kShadowColor, brush);
+  GdipDrawPath(graphics, MakePen(kShadowColor, kHairline), path);
+  ClipToPath(graphics, path);
+  GdipFillRectangle(graphics, brush, place.x, place.y, place.width, place.height);
+}
+
+/// The border, the picture clipped to it, and the border's inner half once more over the picture.
+void DrawPictureInFrame(const HDC& hdc, const RectF& place, const PictureFrame& frame,
+                        const GpImage& image) {
+  const GpGraphics graphics = SmoothGraphics(hdc);
+  const GpPath path = RoundedRectangle(place, frame);
+  GdipDrawPath(graphics, MakePen(kBorderColor, kHairline), path);
+  ClipToPath(graphics, path);
+  GdipDrawImageRect(graphics, image, place.x, place.y, place.width, place.height);
+  GdipDrawPath(graphics, MakePen(kBorderColor, frame.border), path);
+}
+
+struct Line {
+  float x1, y1, x2, y2;
+};
+
+/// Box, start angle and sweep, as GdipDrawArc takes them.
+struct Arc {
+  float x, y, width, height, start, sweep;
+};
+
+template <std::size_t N>
+void DrawLines(const GpGraphics& graphics, const GpPen& pen, const std::array<Line, N>& lines) {
+  for (const Line& line : lines) {
+    GdipDrawLine(graphics, pen, line.x1, line.y1, line.x2, line.y2);
+  }
+}
+
+template <std::size_t N>
+void DrawArcs(const GpGraphics& graphics, const GpPen& pen, const std::array<Arc, N>& arcs) {
+  for (const Arc& arc : arcs) {
+    GdipDrawArc(graphics, pen, arc.x, arc.y, arc.width, arc.height, arc.start, arc.sweep);
+  }
+}
+
+/// Left edge of a randomizer tab.
+float TabLeft(int tab) { return static_cast<float>(17 + 84 * tab); }
+
+/// A number that is none, or lies outside the scale, shows as the nearer end of it.
+double OnScale(double percent) { return std::isnan(percent) ? 0 : std::clamp(percent, 0.0, 100.0); }
+
+}  // namespace
+
+void DrawPageText(const HDC& hdc, RectF layout, std::string_view text, std::string_view font,
+                  float size, FontStyle style, StringAlignment horizontal, StringAlignment vertical,
+                  ARGB color, bool antialias) {
+  layout.width = layout.width == -1.0F ? 0.0F : layout.width;
+  layout.height = layout.height == -1.0F ? 0.0F : layout.height;
+  GpGraphics graphics;
+  GpBrush brush;
+  GpFontFamily family;
+  GpFont face;
+  GpStringFormat format;
+  GdipCreateFromHDC(hdc, graphics);
+  GdipCreateSolidFill(color, brush);
+  GdipCreateFontFamilyFromName(font, family);
+  GdipCreateFont(family, size, style, UnitPixel, face);
+  GdipCreateStringFormat(0, 0, format);
+  GdipSetTextRenderingHint(
+      graphics, antialias ? TextRenderingHintAntiAlias : TextRenderingHintSingleBitPerPixel);
+  GdipSetStringFormatAlign(format, horizontal);
+  GdipSetStringFormatLineAlign(format, vertical);
+  GdipDrawString(graphics, text, face, layout, format, brush);
+}
+
+void DrawFramedPicture(const HDC& hdc, const RectF& place, const PictureFrame& frame,
+                       const GpImage& image) {
+  DrawShadow(hdc, {place.x + frame.shadow, place.y + frame.shadow, place.width, place.height},
+             frame);
+  DrawPictureInFrame(hdc, place, frame, image);
+}
+
+void DrawLargePicture(const HDC& hdc, const GpImage& image) {
+  constexpr RectF kPlace{0, 5, 267, 200};
+  constexpr PictureFrame kFrame{4, 8, 0, kThick};
+  GdipDrawPath(SmoothGraphics(hdc), MakePen(kShadowColor, kHairline),
+               RoundedRectangle(kPlace, kFrame));
+  DrawPictureInFrame(hdc, kPlace, kFrame, image);
+}
+
+void DrawTabFrame(const HDC& hdc, int active) {
+  const float x = TabLeft(active);
+  const GpGraphics graphics = SmoothGraphics(hdc);
+  const GpPen pen = MakePen(kFrameColor, kThick);
+  // Without a line from the corner the first tab's left edge starts straight from it.
+  if (active != 0) {
+    GdipDrawLine(graphics, pen, 11, 28, x - 6, 28);
+  }
+  DrawArcs(graphics, pen,
+           std::array<Arc, 8>{{{5, 28, 12, 12, 180, 90},
+                               {x - 12, 16, 12, 12, 0, 90},
+                               {x, 5, 12, 12, 180, 90},
+                               {x + 68, 5, 12, 12, 270, 60},
+                               {x + 88, 16, 12, 12, 90, 60},
+                               {579, 28, 12, 12, 270, 90},
+                               {579, 433, 12, 12, 0, 90},
+                               {5, 433, 12, 12, 90, 90}}});
+  DrawLines(graphics, pen,
+            std::array<Line, 7>{{{x, 22, x, 11},
+                                 {x + 6, 5, x + 74, 5},
+                                 {x + 79, 8, x + 89, 25},
+                                 {x + 94, 28, 585, 28},
+                                 {591, 34, 591, 439},
+                                 {585, 445, 11, 445},
+                                 {5, 439, 5, 34}}});
+}
+
+void DrawTabOutline(const HDC& hdc, int tab, int active) {
+  const float x = TabLeft(tab);
+  const GpGraphics graphics = SmoothGraphics(hdc);
+  const GpPen pen = MakePen(kFrameColor, kHairline);
+  const bool cut_short = active == tab + 1;
+  DrawLines(
+      graphics, pen,
+      std::array<Line, 3>{{{x, tab == 0 ? 28.0F : 16.0F, x, 11},
+                           {x + 6, 5, x + 74, 5},
+                           {x + 79, 8, cut_short ? x + 84 : x + 92, cut_short ? 17.0F : 28.0F}}});
+  DrawArcs(graphics, pen,
+           std::array<Arc, 2>{{{x, 5, 12, 12, 180, 90}, {x + 68, 5, 12, 12, 270, 60}}});
+}
+
+void DrawProgressBox(const HDC& hdc, double percent) {
+  const double done = OnScale(percent);
+  const GpGraphics graphics = SmoothGraphics(hdc);
+  GpBrush brush;
+  GdipCreateSolidFill(kFrameColor, brush);
+  DrawLines(
+      graphics, MakePen(kFrameColor, kThick),
+      std::array<Line, 4>{
+          {{25, 240, 375, 240}, {375, 240, 375, 266}, {375, 266, 25, 266}, {25, 266, 25, 240}}});
+  // Halves go to the even neighbour, the default way of rounding.
+  const auto width = static_cast<float>(std::nearbyint(done / 100 * 344));
+  GdipFillRectangle(graphics, brush, 28, 243, width, 20);
+  DrawPageText(hdc, {25, 215, 350, 20}, std::to_string(std::lround(done)) + "% Complete", "Verdana",
+               16, FontStyleRegular, StringAlignmentCenter, StringAlignmentCenter, kFrameColor,
+               true);
+}
+
+}  // namespace nimbrel
