@@ -80,9 +80,10 @@ bool SelectObject(const HDC& dc, const HBITMAP& bitmap);
 
 inline constexpr std::uint32_t LR_LOADFROMFILE = 0x0010;
 inline constexpr std::uint32_t LR_CREATEDIBSECTION = 0x2000;
-/// Decodes an uncompressed BMP file of 1, 4, 8, 16, 24 or 32 bits, rows in either direction. Depths
-/// of 1 and 4 bits widen to 8, 16 to 24; 8, 24 and 32 keep their depth and colour table. Empty for
-/// a missing, malformed, truncated or compressed file, a side of 0 or over 16384.
+/// Decodes an uncompressed BMP file of 1, 4, 8, 16, 24 or 32 bits, rows in either direction, plain
+/// or with channel masks. Depths of 1 and 4 bits widen to 8, 16 to 24; 8, 24 and 32 keep their
+/// depth and colour table. Empty for a missing, malformed, truncated or run-length coded file, one
+/// over 128 MiB, a side of 0 or over 16384, and the 12-byte header of the oldest writers.
 HBITMAP LoadImageA(std::string_view path, std::uint32_t flags);
 
 /// A zero-filled bitmap of the header's size and depth (8, 24 or 32 bits), with the info's colours.
@@ -90,10 +91,11 @@ HBITMAP CreateDIBSection(const HDC& dc, const BitmapInfo& info);
 
 inline constexpr std::uint32_t SRCCOPY = 0x00CC0020;
 /// Copies a rectangle between contexts, clipped to both bitmaps, nearest pixel where it stretches
-/// (the COLORONCOLOR mode). Between two 8-bit bitmaps with different tables, and from deeper ones to 8 bits, colours
-/// are matched to the nearest entry of the target's table (the lowest index wins). False when
-/// either context has no bitmap, a size is 0 or the operation is not SRCCOPY; a rectangle wholly
-/// outside draws nothing and is true.
+/// (the COLORONCOLOR mode). Between two 8-bit bitmaps with different tables, and from deeper ones
+/// to 8 bits, colours are matched to the nearest entry of the target's table (the lowest index
+/// wins); 32-bit pixels that come from another depth are opaque. False when either context has no
+/// bitmap, a size is below 1 (nothing is mirrored) or the operation is not SRCCOPY; a rectangle
+/// wholly outside draws nothing and is true.
 bool StretchBlt(const HDC& target, int x, int y, int width, int height, const HDC& source,
                 int source_x, int source_y, int source_width, int source_height,
                 std::uint32_t operation);
@@ -101,7 +103,7 @@ bool StretchBlt(const HDC& target, int x, int y, int width, int height, const HD
 /// Copies `lines` rows from the bottom row `start` upwards into `pixels`, in the format of
 /// info.header (8 to 8 or 24 to 24 bits), rows bottom to top, each padded to 4 bytes, and fills
 /// header.size_image. For 8 bits it also fills the info's colours. The number of rows copied; 0
-/// when depth or size don't fit or `pixels` is too short.
+/// when depth or size don't fit or `pixels` is too short. 32 to 32 bits goes the same way.
 int GetDIBits(const HDC& dc, const HBITMAP& bitmap, unsigned start, unsigned lines,
               std::span<std::uint8_t> pixels, BitmapInfo& info);
 
@@ -151,9 +153,10 @@ bool CombineRgn(HRGN& target, const HRGN& first, const HRGN& second, int mode);
 /// The RGNDATA record of a region: the 32-byte header, then 16 bytes for each rectangle, all
 /// little-endian. Empty when the region is an empty handle.
 std::vector<std::byte> GetRegionData(const HRGN& region);
-/// The region of an RGNDATA record. Empty when the record is shorter than its header, of another
-/// kind than rectangles, or shorter than its count says. Rectangles may overlap or lie in any
-/// order; empty ones count for nothing. Coordinates outside -32768 to 32767 are cut to it.
+/// The region of an RGNDATA record. Empty when the record is shorter than its header, names another
+/// header length than 32 or another kind than rectangles, is shorter than its count says, or would
+/// fall into millions of pieces. Rectangles may overlap or lie in any order; empty ones count for
+/// nothing. Coordinates outside -32768 to 32767 are cut to it.
 HRGN ExtCreateRegion(std::span<const std::byte> data);
 
 /// A font of the device, as CreateFontA takes it: what a native window is told to write with.
