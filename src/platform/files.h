@@ -24,14 +24,14 @@ enum FileAttribute : std::uint16_t {
 /// Why a file operation failed. kOk is success.
 enum class FileStatus : std::uint8_t {
   kOk,
-  kNoSource,       ///< the file to read is not there
-  kNoFolder,       ///< the folder to write into is not there
-  kReadOnly,       ///< the old file is marked read-only (no owner write permission)
-  kNoPermission,   ///< the system refuses
-  kNoSpace,        ///< the device, the quota or the size limit is full
-  kBusy,           ///< held open by somebody; may pass
-  kOutside,        ///< would lead outside the folder it has to stay in
-  kNotAFile,       ///< a folder or a device stands where a file is meant
+  kNoSource,      ///< the file to read is not there
+  kNoFolder,      ///< the folder to write into is not there
+  kReadOnly,      ///< the old file is marked read-only (no owner write permission)
+  kNoPermission,  ///< the system refuses
+  kNoSpace,       ///< the device, the quota or the size limit is full
+  kBusy,          ///< held open by somebody; may pass
+  kOutside,       ///< would lead outside the folder it has to stay in
+  kNotAFile,      ///< a folder or a device stands where a file is meant
   kOther,
 };
 
@@ -64,8 +64,8 @@ std::optional<std::vector<std::byte>> ReadFile(std::string_view path, std::size_
 
 /// How safely a replacement has to stand.
 enum class Durability : std::uint8_t {
-  kRename,          ///< killed program: old or new file
-  kFlushedRename,   ///< also after a loss of power: flushed before the rename
+  kRename,         ///< killed program: old or new file
+  kFlushedRename,  ///< also after a loss of power: flushed before the rename
 };
 
 /// Replaces or creates `path` with `bytes`: written beside it under a temporary name, then renamed

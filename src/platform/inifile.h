@@ -14,7 +14,8 @@ namespace platform {
 /// counts; blanks round a value and one pair of quotes round it are taken off; lines that begin
 /// with ';' are comments; CRLF and LF are both read and each file keeps its own. Text is UTF-8 here
 /// and Windows-1252 in the file. A file is read once and again only when it changed on disk (time
-/// stamp, size or identity), and no call costs a pass over it. Files over 64 MiB count as absent.
+/// stamp, size or identity), and no call costs a pass over it. Files over 16 MiB count as absent,
+/// and are not written.
 
 /// The decimal value of a key: blanks, a sign and digits, up to the first other character; 0 when
 /// there is none. `fallback` when section, key or file is absent. Wraps at 32 bits, as published.
@@ -30,7 +31,9 @@ std::string GetPrivateProfileStringA(std::string_view section, std::string_view 
 /// Replaces the key's value in place, or adds the key at the end of its section, or the section at
 /// the end of the file, or creates the file. Every other byte stays. One safe, flushed replacement
 /// for each call, unless an IniBatch for that file is alive. kOk without a write when the value
-/// already stands.
+/// already stands. A value that begins or ends with blanks or stands in quotes of its own is put in
+/// quotes, so that it reads back the same. kOther, and nothing written, for what would not read
+/// back: a line break or a null character anywhere, "=" in a key, "]" in a section.
 FileStatus WritePrivateProfileStringA(std::string_view section, std::string_view key,
                                       std::string_view value, std::string_view file);
 

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <utility>
+
+namespace platform {
+
+/// Owns a file descriptor of the host.
+class Descriptor {
+ public:
+  Descriptor() = default;
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { Close(); }
+
+  bool IsOpen() const { return number_ >= 0; }
+  int Number() const { return number_; }
+
+  /// The errno value of a failed close, else 0: some file systems tell only here that data was
+  /// lost. After an interruption the descriptor is gone all the same.
+  int Close() {
+    const int number = std::exchange(number_, -1);
+    return number >= 0 && close(number) != 0 && errno != EINTR ? errno : 0;
+  }
+
+ private:
+  int number_ = -1;
+};
+
+/// Opens for reading without ever waiting, also on a pipe or a device.
+inline Descriptor OpenToRead(const std::string& path) {
+  return Descriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+}
+
+/// A handle on whatever stands at `path`, links followed; needs no permission on the thing itself.
+inline Descriptor OpenPlace(const std::string& path, int flags = 0) {
+  return Descriptor(open(path.c_str(), O_PATH | O_CLOEXEC | flags));
+}
+
+}  // namespace platform

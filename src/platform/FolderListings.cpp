@@ -1,0 +1,150 @@
+#include "platform/FolderListings.h"
+
+#include <sys/stat.h>
+
+#include <memory>
+#include <unordered_map>
+
+#include "platform/FileStamp.h"
+#include "platform/text.h"
+
+namespace platform {
+namespace {
+
+/// More folders than an install touches; past it the listings are begun anew.
+constexpr std::size_t kMostListings = 64;
+
+/// How long a listing stays believed after a change of our own, counted from the last full
+/// reading. A stranger's change in the same clock tick as ours doesn't show in the stamp, so the
+/// belief has an end.
+constexpr std::int64_t kOwnTrust = 2'000'000'000;
+
+struct Listing {
+  FileStamp stamp;
+  std::int64_t taken = 0;
+  bool own = false;                                    ///< kept good through a change of our own
+  bool variants = false;                               ///< holds names that differ only in case
+  std::unordered_map<std::string, std::string> names;  ///< folded name to name
+};
+
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): one thread, one file system
+std::unordered_map<std::string, Listing> listings;
+
+bool FolderStamp(const std::string& folder, FileStamp& stamp) {
+  struct stat facts {};
+  if (stat(folder.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode)) {
+    return false;
+  }
+  stamp = StampOf(facts);
+  return true;
+}
+
+bool IsGood(const Listing& listing, const FileStamp& stamp) {
+  return listing.stamp == stamp && (IsSettled(stamp, listing.taken) ||
+                                    (listing.own && StampClock() - listing.taken < kOwnTrust));
+}
+
+void Note(Listing& listing, std::string_view name) {
+  const auto [place, fresh] = listing.names.try_emplace(FoldName(name), name);
+  if (!fresh && place->second != name) {
+    listing.variants = true;
+    place->second = std::min(place->second, std::string(name));
+  }
+}
+
+bool Read(const std::string& folder, Listing& listing) {
+  listing = {};
+  listing.taken = StampClock();
+  return FolderStamp(folder, listing.stamp) &&
+         ScanFolder(folder, [&listing](const dirent& entry) { Note(listing, entry.d_name); });
+}
+
+const Listing* GoodListing(const std::string& folder) {
+  FileStamp stamp;
+  if (!FolderStamp(folder, stamp)) {
+    listings.erase(folder);
+    return nullptr;
+  }
+  if (listings.size() >= kMostListings && !listings.contains(folder)) {
+    listings.clear();
+  }
+  Listing& listing = listings[folder];
+  if (!IsGood(listing, stamp) && !Read(folder, listing)) {
+    listings.erase(folder);
+    return nullptr;
+  }
+  return &listing;
+}
+
+}  // namespace
+
+PathParts SplitPath(const std::string& path) {
+  const std::size_t cut = path.rfind('/');
+  if (cut == std::string::npos) {
+    return {".", path};
+  }
+  return {cut == 0 ? "/" : path.substr(0, cut), path.substr(cut + 1)};
+}
+
+std::string JoinPath(const std::string& folder, std::string_view name) {
+  if (folder == ".") {
+    return std::string(name);
+  }
+  std::string path = folder;
+  if (path.back() != '/') {
+    path += '/';
+  }
+  return path += name;
+}
+
+bool ScanFolder(const std::string& folder, const std::function<void(const dirent& entry)>& visit) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.c_str()), closedir);
+  if (!stream) {
+    return false;
+  }
+  while (const dirent* entry = readdir(stream.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") {
+      visit(*entry);
+    }
+  }
+  return true;
+}
+
+std::string FindIgnoringCase(const std::string& folder, std::string_view name) {
+  const Listing* listing = GoodListing(folder);
+  if (listing == nullptr) {
+    return {};
+  }
+  const auto found = listing->names.find(FoldName(name));
+  return found == listing->names.end() ? std::string() : found->second;
+}
+
+OwnFolderChange::OwnFolderChange(std::string folder)
+    : folder_(std::move(folder)), was_valid_(false) {
+  const auto listing = listings.find(folder_);
+  FileStamp stamp;
+  was_valid_ =
+      listing != listings.end() && FolderStamp(folder_, stamp) && IsGood(listing->second, stamp);
+}
+
+OwnFolderChange::~OwnFolderChange() {
+  const auto found = listings.find(folder_);
+  if (!was_valid_ || found == listings.end()) {
+    return;
+  }
+  Listing& listing = found->second;
+  if (listing.variants || !FolderStamp(folder_, listing.stamp)) {
+    listings.erase(found);
+    return;
+  }
+  listing.own = true;
+  if (!removed_.empty()) {
+    listing.names.erase(FoldName(removed_));
+  }
+  if (!added_.empty()) {
+    Note(listing, added_);
+  }
+}
+
+}  // namespace platform

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <dirent.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// A host path cut before its last component: "a" gives "." and "a", "/a" gives "/" and "a".
+struct PathParts {
+  std::string folder;
+  std::string name;
+};
+PathParts SplitPath(const std::string& path);
+std::string JoinPath(const std::string& folder, std::string_view name);
+
+/// Calls `visit` for each entry of a folder but "." and "..". False when it can't be read.
+bool ScanFolder(const std::string& folder, const std::function<void(const dirent& entry)>& visit);
+
+/// The name in `folder` that equals `name` but for its case; empty when there is none. Of several
+/// the first in byte order. Answers from a listing that is read once and again only when the
+/// folder's stamp says so.
+std::string FindIgnoringCase(const std::string& folder, std::string_view name);
+
+/// Lives round a change that the program itself makes in a folder, and keeps the folder's listing
+/// good through it: a run of hundreds of new files must not read a large folder for each.
+class OwnFolderChange {
+ public:
+  explicit OwnFolderChange(std::string folder);
+  OwnFolderChange(const OwnFolderChange&) = delete;
+  OwnFolderChange& operator=(const OwnFolderChange&) = delete;
+  ~OwnFolderChange();
+
+  void Added(std::string_view name) { added_ = name; }
+  void Removed(std::string_view name) { removed_ = name; }
+
+ private:
+  std::string folder_;
+  std::string added_;
+  std::string removed_;
+  bool was_valid_;
+};
+
+}  // namespace platform

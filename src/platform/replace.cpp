@@ -1,0 +1,327 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+
+#include "platform/Descriptor.h"
+#include "platform/FileStamp.h"
+#include "platform/FileSteps.h"
+#include "platform/FolderListings.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+
+namespace platform {
+namespace {
+
+/// Puts the new content into an open file; gives an errno value.
+using Fill = std::function<int(int descriptor)>;
+
+constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
+
+/// Where a replacement goes. The folder is held open, so that nobody can put another in its place
+/// between the look at it and the rename.
+struct Place {
+  Descriptor folder;
+  std::string folder_path;
+  std::string name;
+  std::string path;
+  bool exists = false;
+  struct stat old {};  ///< of the file that stands there, when one does
+};
+
+FileStatus FolderFailure(int error) {
+  return error == ENOENT || error == ENOTDIR ? FileStatus::kNoFolder : StatusFromErrno(error);
+}
+
+/// Whether the file that stands there may be replaced.
+FileStatus Replaceable(const Place& place) {
+  if (!S_ISREG(place.old.st_mode)) {
+    return FileStatus::kNotAFile;
+  }
+  if ((place.old.st_mode & S_IWUSR) == 0) {
+    return FileStatus::kReadOnly;
+  }
+  // A rename asks only for the folder's permission; a file that this user may not write stays.
+  const bool writable = faccessat(place.folder.Number(), place.name.c_str(), W_OK, AT_EACCESS) == 0;
+  return writable ? FileStatus::kOk : StatusFromErrno(errno);
+}
+
+enum class Links : bool { kRefuse, kFollow };
+
+/// Opens the folder of a host path, which has to lie in `real_root` unless that is empty, and looks
+/// at what stands there. A link of the user's stays a link: the file at its end is the one that
+/// gets replaced.
+FileStatus Locate(const std::string& path, const std::string& real_root, Links links,
+                  Place& place) {
+  auto [folder, name] = SplitPath(path);
+  place.path = path;
+  place.folder_path = std::move(folder);
+  place.name = std::move(name);
+  place.folder = OpenPlace(place.folder_path, O_DIRECTORY);
+  if (!place.folder.IsOpen()) {
+    return FolderFailure(errno);
+  }
+  if (!real_root.empty() && !IsBelow(RealPathOf(place.folder.Number()), real_root)) {
+    return FileStatus::kOutside;
+  }
+  place.exists =
+      fstatat(place.folder.Number(), place.name.c_str(), &place.old, AT_SYMLINK_NOFOLLOW) == 0;
+  if (!place.exists) {
+    return errno == ENOENT ? FileStatus::kOk : StatusFromErrno(errno);
+  }
+  if (!S_ISLNK(place.old.st_mode) || links == Links::kRefuse) {
+    return Replaceable(place);
+  }
+  const std::unique_ptr<char, decltype(&free)> end(realpath(path.c_str(), nullptr), free);
+  return end ? Locate(end.get(), real_root, Links::kRefuse, place) : FileStatus::kNotAFile;
+}
+
+/// The new file beside its target, gone at the end unless it took the target's place.
+class Temporary {
+ public:
+  explicit Temporary(const Place& place) : place_(place), change_(place.folder_path) {}
+  Temporary(const Temporary&) = delete;
+  Temporary& operator=(const Temporary&) = delete;
+  ~Temporary() {
+    file_.Close();
+    if (!name_.empty()) {
+      unlinkat(place_.folder.Number(), name_.c_str(), 0);
+    }
+  }
+
+  int Open();
+  int Write(const Fill& fill);
+  int Finish(Durability durability);
+  int TakePlace();
+
+ private:
+  void KeepPermissions() const;
+
+  const Place& place_;
+  OwnFolderChange change_;
+  Descriptor file_;
+  std::string name_;
+};
+
+int Temporary::Open() {
+  constexpr int kTries = 1000;  // names that a killed run of the same number left
+  static unsigned long count = 0;
+  if (const int error = FailureAt("open", place_.path); error != 0) {
+    return error;
+  }
+  const mode_t mode = place_.exists ? place_.old.st_mode & kPermissions
+                                    : S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+  for (int i = 0; i < kTries; ++i) {
+    std::string name =
+        "~nimbrel-" + std::to_string(getpid()) + "-" + std::to_string(++count) + ".tmp";
+    file_ = Descriptor(openat(place_.folder.Number(), name.c_str(),
+                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+    if (file_.IsOpen()) {
+      name_ = std::move(name);
+      return 0;
+    }
+    if (errno != EEXIST) {
+      return errno;
+    }
+  }
+  return EEXIST;
+}
+
+int Temporary::Write(const Fill& fill) {
+  const int error = FailureAt("write", place_.path);
+  return error != 0 ? error : fill(file_.Number());
+}
+
+/// Best effort: some file systems keep no permissions, and only root may give a file away.
+void Temporary::KeepPermissions() const {
+  struct stat fresh {};
+  if (fstat(file_.Number(), &fresh) != 0) {
+    return;
+  }
+  if (fresh.st_uid != place_.old.st_uid || fresh.st_gid != place_.old.st_gid) {
+    [[maybe_unused]] const int ignored =
+        fchown(file_.Number(), place_.old.st_uid, place_.old.st_gid);
+  }
+  if (((fresh.st_mode ^ place_.old.st_mode) & kPermissions) != 0) {
+    fchmod(file_.Number(), place_.old.st_mode & kPermissions);
+  }
+}
+
+int Temporary::Finish(Durability durability) {
+  if (place_.exists) {
+    KeepPermissions();
+  }
+  if (durability == Durability::kFlushedRename) {
+    const int error = FailureAt("flush", place_.path);
+    if (error != 0 || fsync(file_.Number()) != 0) {
+      return error != 0 ? error : errno;
+    }
+  }
+  return file_.Close();
+}
+
+int Temporary::TakePlace() {
+  if (const int error = FailureAt("rename", place_.path); error != 0) {
+    return error;
+  }
+  if (renameat(place_.folder.Number(), name_.c_str(), place_.folder.Number(),
+               place_.name.c_str()) != 0) {
+    return errno;
+  }
+  name_.clear();
+  change_.Added(place_.name);
+  return 0;
+}
+
+/// Makes the rename itself outlive a loss of power. The new file stands by now and there is nothing
+/// to take back, so a file system that can't flush a folder is let be.
+void FlushFolder(const Place& place) {
+  const Descriptor folder(openat(place.folder.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.IsOpen()) {
+    fsync(folder.Number());
+  }
+}
+
+FileStatus Replace(const Place& place, Durability durability, const Fill& fill) {
+  Temporary temporary(place);
+  int error = temporary.Open();
+  if (error == 0) {
+    error = temporary.Write(fill);
+  }
+  if (error == 0) {
+    error = temporary.Finish(durability);
+  }
+  if (error == 0) {
+    error = temporary.TakePlace();
+  }
+  if (error == 0 && durability == Durability::kFlushedRename) {
+    FlushFolder(place);
+  }
+  return StatusFromErrno(error);
+}
+
+int WriteAll(int descriptor, const std::byte* bytes, std::size_t size) {
+  while (size > 0) {
+    const ssize_t count = write(descriptor, bytes, size);
+    if (count < 0 && errno != EINTR) {
+      return errno;
+    }
+    if (count == 0) {
+      return EIO;
+    }
+    const auto written = count > 0 ? static_cast<std::size_t>(count) : 0;
+    bytes += written;
+    size -= written;
+  }
+  return 0;
+}
+
+int CopyByHand(int from, int to, std::size_t size) {
+  constexpr std::size_t kPiece = 256U * 1024U;
+  const auto piece = std::make_unique<std::byte[]>(kPiece);
+  while (size > 0) {
+    const ssize_t count = read(from, piece.get(), std::min(size, kPiece));
+    if (count < 0 && errno == EINTR) {
+      continue;
+    }
+    if (count <= 0) {
+      return count == 0 ? EBUSY : errno;  // shorter than it was: somebody is writing it
+    }
+    const auto got = static_cast<std::size_t>(count);
+    if (const int error = WriteAll(to, piece.get(), got); error != 0) {
+      return error;
+    }
+    size -= got;
+  }
+  return 0;
+}
+
+/// Copies `size` bytes from where both files stand. What the kernel can't move between the two, for
+/// whatever reason, goes by hand, and a true failure shows there again.
+int CopyBytes(int from, int to, std::size_t size) {
+  while (size > 0) {
+    const ssize_t count = copy_file_range(from, nullptr, to, nullptr, size, 0);
+    if (count > 0) {
+      size -= static_cast<std::size_t>(count);
+    } else if (count == 0 || errno != EINTR) {
+      return CopyByHand(from, to, size);
+    }
+  }
+  return 0;
+}
+
+/// Copies a file that has to hold still meanwhile: one that is being written would arrive torn.
+int CopyWhole(int from, const struct stat& before, int to) {
+  if (const int error = CopyBytes(from, to, static_cast<std::size_t>(before.st_size)); error != 0) {
+    return error;
+  }
+  struct stat after {};
+  if (fstat(from, &after) != 0) {
+    return errno;
+  }
+  return after.st_size == before.st_size && StampOf(after).modified == StampOf(before).modified
+             ? 0
+             : EBUSY;
+}
+
+FileStatus OpenSource(std::string_view path, std::string_view root, Descriptor& source,
+                      struct stat& facts) {
+  source = OpenToRead(HostPath(path));
+  if (!source.IsOpen()) {
+    return errno == ENOENT || errno == ENOTDIR ? FileStatus::kNoSource : StatusFromErrno(errno);
+  }
+  if (fstat(source.Number(), &facts) != 0 || !S_ISREG(facts.st_mode)) {
+    return FileStatus::kNotAFile;
+  }
+  return root.empty() || IsBelow(RealPathOf(source.Number()), RealFolder(root))
+             ? FileStatus::kOk
+             : FileStatus::kOutside;
+}
+
+FileStatus LocateTarget(std::string_view path, std::string_view root, Place& place) {
+  const std::string host = HostPath(path);
+  const std::string real_root = root.empty() ? std::string() : RealFolder(root);
+  if (!root.empty() && real_root.empty()) {
+    return FileStatus::kOutside;
+  }
+  return host.empty() ? FileStatus::kNoFolder : Locate(host, real_root, Links::kFollow, place);
+}
+
+}  // namespace
+
+FileStatus ReplaceFile(std::string_view path, std::span<const std::byte> bytes,
+                       Durability durability) {
+  Place place;
+  if (const FileStatus status = LocateTarget(path, {}, place); status != FileStatus::kOk) {
+    return status;
+  }
+  return Replace(place, durability, [bytes](int descriptor) {
+    return WriteAll(descriptor, bytes.data(), bytes.size());
+  });
+}
+
+FileStatus CopyOver(std::string_view source, std::string_view target, Durability durability,
+                    std::string_view source_root, std::string_view target_root) {
+  Descriptor from;
+  struct stat facts {};
+  if (const FileStatus status = OpenSource(source, source_root, from, facts);
+      status != FileStatus::kOk) {
+    return status;
+  }
+  Place place;
+  if (const FileStatus status = LocateTarget(target, target_root, place);
+      status != FileStatus::kOk) {
+    return status;
+  }
+  return Replace(place, durability, [&from, &facts](int descriptor) {
+    return CopyWhole(from.Number(), facts, descriptor);
+  });
+}
+
+}  // namespace platform
