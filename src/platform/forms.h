@@ -35,7 +35,8 @@ class Application {
 void DoEvents();
 
 /// While one lives, mouse, keyboard, wheel and close events of the user are thrown away; painting
-/// and leaving go on. Its end first drops what is still waiting.
+/// and leaving go on. Its end first drops what is still waiting. A ShowModal inside suspends it: a
+/// dialog that could not be answered would hold the program for ever.
 class InputGuard {
  public:
   InputGuard();
@@ -194,8 +195,6 @@ class Form : public Container {
   void SetCaption(std::string_view caption);
   void SetIconPicture(std::string_view path);
 
-  void SetLeft(float twips) override;
-  void SetTop(float twips) override;
   void CenterOnScreen();
 
   void Show();
