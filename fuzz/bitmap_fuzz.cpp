@@ -1,0 +1,62 @@
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <initializer_list>
+#include <span>
+#include <vector>
+
+#include "platform/bitmap_file.h"
+#include "platform/gdi.h"
+
+namespace {
+
+using platform::HDC;
+
+HDC ContextOf(const platform::HBITMAP& bitmap) {
+  HDC dc = platform::CreateCompatibleDC({});
+  if (!platform::SelectObject(dc, bitmap)) {
+    std::abort();
+  }
+  return dc;
+}
+
+/// Copies the picture to a sheet of another depth, stretched and across the edges, and reads the
+/// sheet's rows back.
+void CopyTo(const HDC& source, std::uint16_t bit_count) {
+  platform::BitmapInfo info;
+  info.header.width = 61;
+  info.header.height = 17;
+  info.header.bit_count = bit_count;
+  const HDC sheet = ContextOf(platform::CreateDIBSection({}, info));
+  const platform::Bitmap& picture = *source->bitmap;
+  if (!platform::StretchBlt(sheet, -3, 2, picture.width, picture.height, source, 0, 0,
+                            picture.width, picture.height, platform::SRCCOPY) ||
+      !platform::StretchBlt(sheet, 5, -1, 50, 30, source, -2, 1, picture.width, picture.height,
+                            platform::SRCCOPY)) {
+    std::abort();
+  }
+  std::vector<std::uint8_t> pixels(sheet->bitmap->stride * 17);
+  if (platform::GetDIBits(sheet, sheet->bitmap, 0, 17, pixels, info) != 17) {
+    std::abort();
+  }
+}
+
+}  // namespace
+
+/// Any bytes as a bitmap file: refused, or a sound bitmap no larger than the file allows.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const platform::HBITMAP bitmap = platform::DecodeBitmapFile(std::as_bytes(std::span(data, size)));
+  if (!bitmap) {
+    return 0;
+  }
+  // One bit of the file widens to a byte at most, and rows of up to 4 bytes to their padding.
+  if (bitmap->bits.size() > size * 8 ||
+      bitmap->bits.size() != bitmap->stride * static_cast<std::size_t>(bitmap->height)) {
+    std::abort();
+  }
+  const HDC source = ContextOf(bitmap);
+  for (const std::uint16_t bit_count : std::initializer_list<std::uint16_t>{8, 24, 32}) {
+    CopyTo(source, bit_count);
+  }
+  return 0;
+}
