@@ -1,0 +1,35 @@
+# shellcheck shell=bash
+# What the commands need from Debian 12. To be sourced.
+
+# Building the program, and the demo's pictures.
+BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-qpa-plugins libgl-dev
+  libcanberra-dev libsquish-dev fonts-dejavu-core)
+# A screen without a monitor, a window manager on it, hands and eyes.
+SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick)
+TEST_PACKAGES=(libgtest-dev libgmock-dev clang-format-14)
+
+# need_packages NAME...: installs those that are missing; touches the network only then.
+need_packages() {
+  local package missing=() as_root=()
+  if ! command -v dpkg-query >/dev/null; then
+    echo "Not a Debian system. Taking for granted what these packages give: $*" >&2
+    return 0
+  fi
+  for package; do
+    [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+      missing+=("$package")
+  done
+  ((${#missing[@]})) || return 0
+  if ((EUID != 0)); then
+    if ! command -v sudo >/dev/null; then
+      echo "Missing packages: ${missing[*]}. Install them, or start this as root." >&2
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing from Debian: ${missing[*]}" >&2
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o Acquire::Retries=3 \
+    -o DPkg::Lock::Timeout=300 update
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y --no-install-recommends \
+    -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 install "${missing[@]}"
+}

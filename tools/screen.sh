@@ -1,0 +1,166 @@
+# shellcheck shell=bash
+# A screen of its own with a window manager, and hands and eyes on the program that runs there. To be
+# sourced. Every wait is bounded and says what did not come.
+
+STEP_SECONDS=${STEP_SECONDS:-60} # the longest wait for one step, wide enough for a busy machine
+
+fail() {
+  echo "FAILED: $*" >&2
+  exit 1
+}
+
+# wait_until WHAT COMMAND...: polls the command until it succeeds.
+wait_until() {
+  local what=$1 end=$((SECONDS + STEP_SECONDS))
+  shift
+  until "$@"; do
+    ((SECONDS < end)) || fail "no $what within $STEP_SECONDS seconds"
+    sleep 0.1
+  done
+}
+
+# start_screen FOLDER: sets DISPLAY; logs and the runtime folder go into FOLDER.
+start_screen() {
+  local folder=$1
+  mkdir -p "$folder/runtime"
+  chmod 700 "$folder/runtime"
+  export XDG_RUNTIME_DIR=$folder/runtime LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb NO_AT_BRIDGE=1
+  unset WAYLAND_DISPLAY QT_SCALE_FACTOR QT_STYLE_OVERRIDE DBUS_SESSION_BUS_ADDRESS
+  Xvfb -displayfd 3 -screen 0 1280x900x24 -dpi 96 -nolisten tcp -noreset \
+    3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
+  SCREEN_PIDS=($!)
+  wait_until "X server" test -s "$folder/display"
+  DISPLAY=:$(<"$folder/display")
+  export DISPLAY
+  openbox >"$folder/openbox.log" 2>&1 &
+  SCREEN_PIDS+=($!)
+  wait_until "window manager" window_manager_is_up
+}
+
+window_manager_is_up() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+
+stop_screen() {
+  local pid
+  stop_program
+  for pid in "${SCREEN_PIDS[@]}"; do
+    kill "$pid" 2>/dev/null && wait "$pid" 2>/dev/null
+  done
+  SCREEN_PIDS=()
+  return 0
+}
+SCREEN_PIDS=()
+PROGRAM_PID=
+
+# start_program FOLDER LOG: runs FOLDER/nimbrel.
+start_program() {
+  (cd "$1" && exec ./nimbrel) >>"$2" 2>&1 &
+  PROGRAM_PID=$!
+}
+
+program_ended() { ! kill -0 "$PROGRAM_PID" 2>/dev/null; }
+
+stop_program() {
+  [[ -n $PROGRAM_PID ]] && kill -9 "$PROGRAM_PID" 2>/dev/null && wait "$PROGRAM_PID" 2>/dev/null
+  PROGRAM_PID=
+  return 0
+}
+
+# wait_program: waits for the program's end by itself; gives its exit status.
+wait_program() {
+  local status=0
+  wait_until "end of the program" program_ended
+  wait "$PROGRAM_PID" || status=$?
+  PROGRAM_PID=
+  return "$status"
+}
+
+# find_window TITLE: sets WINDOW to the visible window of that very title, the newest of several.
+find_window() {
+  WINDOW=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | tail -n 1)
+  [[ -n $WINDOW ]]
+}
+no_window() { ! find_window "$1"; }
+
+MAIN_TITLE=Nimbrel
+MESSAGE_TITLE='Nimbrel Message'
+
+# main_window: waits for the main window, with the splash gone.
+main_window() { wait_until "main window" main_window_is_up; }
+main_window_is_up() {
+  program_ended && fail "the program ended instead of showing its window"
+  find_window "$MAIN_TITLE"
+}
+
+# point X Y: moves the pointer inside WINDOW. click X Y: and presses the left button there.
+point() { xdotool mousemove --window "$WINDOW" "$1" "$2"; }
+click() {
+  point "$1" "$2"
+  sleep 0.1
+  xdotool mousedown 1
+  sleep 0.05
+  xdotool mouseup 1
+}
+
+# grab FILE X Y WIDTH HEIGHT: a picture of that part of WINDOW, with whatever lies over it.
+grab() {
+  local X=0 Y=0
+  eval "$(xdotool getwindowgeometry --shell "$WINDOW" | grep -E '^[XY]=-?[0-9]+$')"
+  import -silent -window root -crop "$4x$5+$((X + $2))+$((Y + $3))" +repage "$1"
+}
+
+# same_picture FILE FILE: whether two pictures look the same.
+same_picture() {
+  [[ $(compare -metric AE -fuzz 4% "$1" "$2" null: 2>&1) == 0 ]]
+}
+
+# Places of the artwork, in pixels of the main window.
+INSTALL_BUTTON=(546 527)
+EXIT_BUTTON=(768 26)
+FAST_LABEL=(560 255)
+DXT_LABEL=(560 288)
+# And of the message dialog.
+OK_BUTTON=(357 264)
+
+# message_shows MEDIA ICON: whether the dialog stands with that kind's icon and its checkmark enabled.
+message_shows() {
+  local seen
+  program_ended && fail "the program ended instead of showing a message"
+  find_window "$MESSAGE_TITLE" || return 1
+  seen=$(mktemp -d)
+  grab "$seen/ok.png" 335 242 44 44
+  grab "$seen/icon.png" 15 120 100 100
+  convert "$1/btn_CheckAll.bmp" -crop 44x44+0+0 +repage "$seen/ok-strip.png"
+  convert "$1/icon_$2.bmp" "$seen/icon-file.png"
+  local result=1
+  same_picture "$seen/ok.png" "$seen/ok-strip.png" &&
+    same_picture "$seen/icon.png" "$seen/icon-file.png" && result=0
+  rm -r "$seen"
+  return $result
+}
+
+# press_ok: presses the checkmark of the message that stands and waits until it has gone.
+press_ok() {
+  find_window "$MESSAGE_TITLE" || fail "no message to answer"
+  click "${OK_BUTTON[@]}"
+}
+
+# press_install MEDIA: presses Save and Install and waits for the message that ends it.
+press_install() {
+  main_window
+  click "${INSTALL_BUTTON[@]}"
+  point 20 590 # off the dialog, so that its checkmark shows as enabled
+  wait_until "closing message" message_shows "$1" Information
+}
+
+press_exit() {
+  main_window
+  click "${EXIT_BUTTON[@]}"
+  wait_program
+}
+
+# value_of FILE KEY: the first value of a key in a text file.
+value_of() { sed -n "s/^$2=\(.*\)\$/\1/p" "$1" | tr -d '\r' | head -n 1; }
+# contrail_life FILE: Lifetime of section Particle.0.
+contrail_life() {
+  tr -d '\r' <"$1" | sed -n '/^\[Particle\.0\]/,/^\[Par.*Attr/s/^Lifetime=\(.*\)$/\1/p'
+}
