@@ -193,7 +193,7 @@ class SheetFolder {
         file.push_back(std::byte{Cloud()[i + 3]});
         continue;
       }
-      for (const std::size_t part : {2, 1, 0}) {
+      for (const std::size_t part : {2U, 1U, 0U}) {
         file.push_back(std::byte{Cloud()[i + part]});
       }
     }

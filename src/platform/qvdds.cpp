@@ -1,11 +1,10 @@
 #include "platform/qvdds.h"
 
-#include <squish.h>
-
 #include <array>
 #include <vector>
 
 #include "platform/bitmap_file.h"
+#include "platform/dxt3_block.h"
 #include "platform/files.h"
 #include "platform/gdi.h"
 #include "platform/little_endian.h"
@@ -113,10 +112,8 @@ void AppendPlainPixels(std::vector<std::byte>& file, const MergedSheet& sheet) {
   }
 }
 
-/// 16 pixels of red, green, blue, alpha as the block encoder takes them.
-std::array<std::uint8_t, 64> BlockPixels(const MergedSheet& sheet, std::size_t left,
-                                         std::size_t bottom) {
-  std::array<std::uint8_t, 64> pixels{};
+BlockPixels CutBlock(const MergedSheet& sheet, std::size_t left, std::size_t bottom) {
+  BlockPixels pixels{};
   for (std::size_t i = 0; i < 16; ++i) {
     const std::size_t x = left + i % 4;
     const std::size_t y = bottom + i / 4;
@@ -129,13 +126,10 @@ std::array<std::uint8_t, 64> BlockPixels(const MergedSheet& sheet, std::size_t l
   return pixels;
 }
 
-/// Block by block: the encoder's call for a whole image starts threads of its own.
 void AppendBlocks(std::vector<std::byte>& file, const MergedSheet& sheet) {
-  constexpr int kFlags = squish::kDxt3 | squish::kColourClusterFit;
   for (std::size_t y = 0; y < static_cast<std::size_t>(sheet.height()); y += 4) {
     for (std::size_t x = 0; x < static_cast<std::size_t>(sheet.width()); x += 4) {
-      std::array<std::byte, 16> block{};
-      squish::Compress(BlockPixels(sheet, x, y).data(), block.data(), kFlags);
+      const auto block = EncodeDxt3Block(CutBlock(sheet, x, y));
       file.insert(file.end(), block.begin(), block.end());
     }
   }

@@ -21,11 +21,15 @@ std::uint32_t Word(const std::string& file, std::size_t at) {
          Byte(file, at + 3) << 24U;
 }
 
-/// Slopes that tell left from right and top from bottom, blue from red.
+/// Soft slopes that tell left from right and top from bottom, blue from red, and a corner of one
+/// colour.
 std::uint32_t CloudColor(int x, int y) {
-  const auto red = static_cast<std::uint32_t>(60 + x * 2);
-  const auto green = static_cast<std::uint32_t>(200 - y * 2);
-  const auto blue = static_cast<std::uint32_t>(std::lround(150 + 60 * std::sin(x * 0.2 + y * 0.1)));
+  if (x >= 48 && y >= 48) {
+    return 0xFFFFFF;
+  }
+  const auto red = static_cast<std::uint32_t>(150 + x / 2);
+  const auto green = static_cast<std::uint32_t>(210 - y / 2);
+  const auto blue = static_cast<std::uint32_t>(std::lround(180 + 20 * std::sin(x * 0.1 + y * 0.1)));
   return red << 16U | green << 8U | blue;
 }
 
@@ -119,7 +123,7 @@ TEST(BMPScompressBMP, DXT3DecodesToTheSheets) {
     ASSERT_EQ((CloudAlpha(x, y) * 15 + 127) / 255, alpha) << x << ',' << y;
     const std::uint32_t c0 = Word(file, block + 8) & 0xFFFF;
     const std::uint32_t c1 = Word(file, block + 8) >> 16;
-    ASSERT_GE(c0, c1);
+    ASSERT_TRUE(c0 > c1 || (c0 == c1 && Word(file, block + 12) == 0));
     const std::uint32_t index = Word(file, block + 12) >> (pixel * 2) & 3U;
     const auto color = Palette(c0, c1).at(index);
     for (unsigned part = 0; part < 3; ++part) {
@@ -127,7 +131,7 @@ TEST(BMPScompressBMP, DXT3DecodesToTheSheets) {
       squares += std::pow(color.at(part) - wanted, 2);
     }
   }
-  EXPECT_GT(ColorPsnr(squares, kSide * kSide), 36.0);
+  EXPECT_GT(ColorPsnr(squares, kSide * kSide), 46.0);
 }
 
 TEST(BMPScompressBMP, BadSheetsLeaveTheOldTexture) {
