@@ -1,0 +1,215 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "platform/system.h"
+#include "shell/FormLoaded.h"
+#include "shell/frm_Msg.h"
+#include "support/TempFolder.h"
+
+namespace nimbrel {
+namespace {
+
+constexpr QRgb kBackground = 0xFFD0E0F0;
+constexpr QRgb kBar = 0xFF0372AC;
+constexpr QPoint kInBar(60, 253);
+
+std::vector<std::string> heard;
+std::function<void()> pending;
+
+/// The two actions of the dialog's buttons, as the shell's dispatch has them.
+void Answer(ButtonClass button_class, const std::string& form, const std::string& type) {
+  EXPECT_EQ(ButtonClass::kStandard, button_class);
+  EXPECT_EQ("frm_Msg", form);
+  MessageAnswer = type == "ok" ? 1 : 0;
+  if (type == "ok" && pending) {
+    std::exchange(pending, nullptr)();
+  }
+  HideMessage();
+}
+
+QWidget* Window() {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->objectName() == "frm_Msg") {
+      return widget;
+    }
+  }
+  return nullptr;
+}
+
+void Click(const char* button) {
+  QTest::mouseClick(Window()->findChild<QWidget*>(button)->findChild<QWidget*>("pic_BG"),
+                    Qt::LeftButton);
+}
+
+/// What runs once the modal loop that is entered next does.
+void WhenShown(std::function<void()> step) { QTimer::singleShot(0, std::move(step)); }
+
+void SaveImage(const std::filesystem::path& file, QSize size, QRgb color) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(color);
+  std::filesystem::create_directories(file.parent_path());
+  ASSERT_TRUE(image.save(QString::fromStdString(file.string())));
+}
+
+class MessageTest : public testing::Test {
+ protected:
+  MessageTest() {
+    SaveImage(folder_ / "Media/Msg_BG.bmp", {400, 300}, kBackground);
+    SaveImage(folder_ / "Media/icon_Error.bmp", {100, 100}, 0xFFFF0000);
+    platform::SetApplicationFolder(folder_.string());
+    platform::SetSoundListener([](std::string_view alias) { heard.emplace_back(alias); });
+    heard.clear();
+    pending = nullptr;
+    MessageAnswer = -1;
+    DispatchClick = Answer;
+  }
+  ~MessageTest() override {
+    ReleaseMessageForm();
+    MessageOwner = nullptr;
+    DispatchClick = nullptr;
+    platform::SetSoundListener(nullptr);
+    platform::SetApplicationFolder("");
+  }
+
+  TempFolder folder_;
+};
+
+struct Kind {
+  const char* kind;
+  std::vector<std::string> sounds;
+  bool icon;
+};
+
+TEST_F(MessageTest, KindChoosesSoundAndIcon) {
+  const Kind kinds[] = {{"Information", {"SystemNotification"}, false},
+                        {"Exclamation", {"SystemExclamation"}, false},
+                        {"Error", {"SystemAsterisk"}, true},
+                        {"Question", {"SystemQuestion"}, false},
+                        {"Progress", {}, false},
+                        {"error", {}, true},
+                        {"Other", {}, false}};
+  for (const Kind& row : kinds) {
+    heard.clear();
+    bool icon = !row.icon;
+    WhenShown([&] {
+      icon = MessageForm().pic_Icon.Visible();
+      Click("btn_OK");
+    });
+    ShowMessage(row.kind, "Title", "Text", true, false, false);
+    EXPECT_EQ(row.sounds, heard) << row.kind;
+    EXPECT_EQ(row.icon, icon) << row.kind;
+  }
+  EXPECT_TRUE(IsFormLoaded(FormId::kMsg));
+}
+
+struct Offer {
+  bool ok;
+  bool cancel;
+  std::int16_t close_answers;
+};
+
+TEST_F(MessageTest, ShowsTheButtonsAskedForAndCloseTakesTheSaferOne) {
+  for (const Offer offer : {Offer{true, false, 1}, Offer{true, true, 0}, Offer{false, true, 0}}) {
+    MessageAnswer = -1;
+    WhenShown([&] {
+      EXPECT_EQ(offer.ok, MessageForm().btn_OK.Visible());
+      EXPECT_EQ(offer.cancel, MessageForm().btn_Cancel.Visible());
+      EXPECT_EQ(offer.ok ? "enabled" : "disabled", MessageForm().btn_OK.state());
+      EXPECT_EQ(offer.cancel ? "enabled" : "disabled", MessageForm().btn_Cancel.state());
+      Window()->close();
+    });
+    ShowMessage("Question", "Title", "Text", offer.ok, offer.cancel, false);
+    EXPECT_EQ(offer.close_answers, MessageAnswer);
+    EXPECT_FALSE(MessageForm().form.Visible());
+  }
+}
+
+TEST_F(MessageTest, CancelAnswersZeroAndTextsStayAsGiven) {
+  WhenShown([] {
+    EXPECT_EQ(" Title ", MessageForm().lbl_Title.Caption());
+    EXPECT_EQ(" One.\r\rTwo. ", MessageForm().lbl_Message.Caption());
+    Click("btn_Cancel");
+  });
+  ShowMessage("Question", " Title ", " One.\r\rTwo. ", true, true, false);
+  EXPECT_EQ(0, MessageAnswer);
+}
+
+TEST_F(MessageTest, ProgressReturnsAtOnceAndCanNotBeAnswered) {
+  ShowMessage("Progress", "Copying", "Text", true, true, true);
+  EXPECT_TRUE(MessageForm().form.Visible());
+  EXPECT_FALSE(MessageForm().btn_OK.Visible());
+  EXPECT_FALSE(MessageForm().btn_Cancel.Visible());
+  EXPECT_EQ("disabled", MessageForm().btn_OK.state());
+  Window()->close();
+  EXPECT_TRUE(MessageForm().form.Visible());
+  EXPECT_EQ(-1, MessageAnswer);
+  UpdateProgress("  Copying ", " Water  ", 50);
+  EXPECT_EQ("Copying", MessageForm().lbl_Title.Caption());
+  EXPECT_EQ("Water", MessageForm().lbl_Message.Caption());
+  EXPECT_EQ(kBar, Window()->grab().toImage().pixel(kInBar));
+  EXPECT_EQ(kBackground, Window()->grab().toImage().pixel(kInBar + QPoint(172, 0)));
+}
+
+TEST_F(MessageTest, QuestionProgressAndClosingMessageNestInOneStack) {
+  std::string order;
+  pending = [&] {
+    ShowMessage("Progress", "Copying", "", false, false, true);
+    DrawProgress(80);
+    order += "copied ";
+    WhenShown([&] {
+      EXPECT_EQ(kBackground, Window()->grab().toImage().pixel(kInBar)) << "trace of the bar";
+      EXPECT_TRUE(MessageForm().btn_OK.Visible());
+      EXPECT_FALSE(MessageForm().btn_Cancel.Visible());
+      order += "closing ";
+      Click("btn_OK");
+    });
+    ShowMessage("Information", "Copying", "All done.", true, false, false);
+    order += "told ";
+  };
+  WhenShown([] { Click("btn_OK"); });
+  ShowMessage("Question", "Randomize Settings?", "Do you wish to continue?", true, true, false);
+  order += "asked";
+  EXPECT_EQ("copied closing told asked", order);
+  EXPECT_FALSE(MessageForm().form.Visible());
+  EXPECT_EQ(1, MessageAnswer);
+  EXPECT_EQ((std::vector<std::string>{"SystemQuestion", "SystemNotification"}), heard);
+}
+
+platform::Form* owner;
+
+TEST_F(MessageTest, StandsInTheMiddleOfItsOwner) {
+  platform::Form main("frm_Main");
+  main.SetWidth(11970);
+  main.SetHeight(9045);
+  main.SetLeft(1500);
+  main.SetTop(600);
+  owner = &main;
+  MessageOwner = []() -> platform::Form& { return *owner; };
+  ShowMessage("Progress", "Copying", "", false, false, true);
+  const platform::Form& form = MessageForm().form;
+  EXPECT_EQ(6000, form.Width());
+  EXPECT_EQ(4500, form.Height());
+  EXPECT_NEAR(1500 + (11970 - 6000) / 2.0, form.Left(), platform::kTwipsPerPixel);
+  EXPECT_NEAR(600 + (9045 - 4500) / 2.0, form.Top(), platform::kTwipsPerPixel);
+}
+
+TEST_F(MessageTest, HelpOpensTheManualInTheProgramsFolder) {
+  static std::string opened;
+  platform::SetOpenListener([](std::string_view file) { opened = file; });
+  OpenHelpFile();
+  platform::SetOpenListener(nullptr);
+  EXPECT_EQ(folder_.string() + "\\Nimbrel Help.pdf", opened);
+}
+
+}  // namespace
+}  // namespace nimbrel

@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QRegion>
+#include <QWidget>
+#include <cstring>
+#include <ostream>
+
+#include "platform/system.h"
+#include "support/TempFolder.h"
+#include "widgets/clsTransForm.h"
+
+namespace nimbrel {
+namespace {
+
+constexpr platform::ColorRef kKey = platform::RGB(255, 0, 255);
+constexpr int kWidth = 8;
+constexpr int kHeight = 4;
+
+/// A form of 8 by 4 pixels whose picture is drawn with letters: '#' is the key colour.
+class TransFormTest : public testing::Test {
+ protected:
+  TransFormTest() : form_("frm_Shaped") {
+    form_.SetWidth(platform::Twips(kWidth));
+    form_.SetHeight(platform::Twips(kHeight));
+    platform::SetApplicationFolder(folder_.string());
+  }
+  ~TransFormTest() override { platform::SetApplicationFolder(""); }
+
+  void Draw(std::string_view rows) {
+    QImage image(kWidth, kHeight, QImage::Format_RGB32);
+    for (int i = 0; i < kWidth * kHeight; ++i) {
+      const bool key = rows[static_cast<std::size_t>(i)] == '#';
+      image.setPixel(i % kWidth, i / kWidth, key ? 0xFFFF00FF : 0xFFFF00FE);
+    }
+    ASSERT_TRUE(image.save(QString::fromStdString((folder_ / "bg.bmp").string())));
+    ASSERT_TRUE(form_.SetPicture((folder_ / "bg.bmp").string()));
+  }
+  std::string File(std::string_view name) const { return (folder_ / name).string(); }
+
+  TempFolder folder_;
+  platform::Form form_;
+  clsTransForm shape_;
+};
+
+std::string Record(std::uint32_t count, std::vector<platform::Rect> rects) {
+  std::vector<std::uint32_t> words = {32, 1, count, count * 16, 0, 0, 8, 4};
+  for (const platform::Rect& rect : rects) {
+    for (const int side : {rect.left, rect.top, rect.right, rect.bottom}) {
+      words.push_back(static_cast<std::uint32_t>(side));
+    }
+  }
+  std::string bytes(words.size() * 4, '\0');
+  std::memcpy(bytes.data(), words.data(), bytes.size());
+  return bytes;
+}
+
+/// The pixels of the region in a file, drawn as letters; '.' lies inside.
+std::string Outline(const std::string& file) {
+  const std::string bytes = ReadText(file);
+  const platform::HRGN region = platform::ExtCreateRegion(std::as_bytes(std::span(bytes)));
+  std::string rows;
+  for (int i = 0; region && i < kWidth * kHeight; ++i) {
+    rows += region->Contains(i % kWidth, i / kWidth) ? '.' : '#';
+  }
+  return rows;
+}
+
+class Scan : public TransFormTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(Scan, LeavesOutExactlyTheKeyColour) {
+  Draw(GetParam());
+  WriteText(File("out.dat"), "an older and longer file than what comes to stand here in its place");
+  shape_.ShapeMe(form_, kKey, false, File("out.dat"));
+  EXPECT_EQ(GetParam(), Outline(File("out.dat")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Pictures, Scan,
+                         testing::Values("................................",
+                                         "....####....####....####....####",
+                                         "####....########............####",
+                                         "#.#.#.#..#.#.#.##.#.#.#..#.#.#.#",
+                                         "................#######........."));
+
+TEST_F(TransFormTest, WritesTheRecordByteForByte) {
+  Draw("################..######..######");
+  shape_.ShapeMe(form_, kKey, false, File("out.dat"));
+  std::string expected = Record(1, {{0, 2, 2, 4}});
+  const std::uint32_t bounds[] = {0, 2, 2, 4};
+  std::memcpy(expected.data() + 16, bounds, sizeof bounds);
+  EXPECT_EQ(expected, ReadText(File("out.dat")));
+}
+
+TEST_F(TransFormTest, ALoadedFileShapesTheWindow) {
+  WriteText(File("in.dat"), Record(2, {{0, 0, 8, 1}, {2, 1, 6, 4}}));
+  shape_.ShapeMe(form_, 0, true, File("in.dat"));
+  const QWidget* window = QWidget::find(0);
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    window = widget->objectName() == "frm_Shaped" ? widget : window;
+  }
+  ASSERT_NE(nullptr, window);
+  EXPECT_EQ(QRegion(0, 0, 8, 1) + QRegion(2, 1, 4, 3), window->mask());
+}
+
+TEST_F(TransFormTest, LoadWithoutANameScans) {
+  Draw("####............................");
+  EXPECT_NO_THROW(shape_.ShapeMe(form_, kKey, true, ""));
+}
+
+struct BadFile {
+  const char* name;
+  std::string bytes;
+  std::uint32_t number;
+};
+std::ostream& operator<<(std::ostream& out, const BadFile& bad) { return out << bad.name; }
+
+class BadRegion : public TransFormTest, public testing::WithParamInterface<BadFile> {};
+
+TEST_P(BadRegion, RaisesAndLeavesTheWindowRectangular) {
+  if (GetParam().number != 53) {
+    WriteText(folder_ / "Media/bad.dat", GetParam().bytes);
+  }
+  try {
+    shape_.ShapeMe(form_, 0, true, folder_.string() + "\\Media\\bad.dat");
+    FAIL() << "no error";
+  } catch (const TransFormError& error) {
+    EXPECT_EQ(GetParam().number, error.number());
+    EXPECT_EQ("Nimbrel.cDIBSectionRegion", error.source());
+    EXPECT_STRNE("", error.what());
+  }
+  EXPECT_NO_THROW(ShapeFromFile(shape_, form_, "\\Media\\bad.dat"));
+  for (const QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->objectName() == "frm_Shaped") {
+      EXPECT_TRUE(widget->mask().isEmpty());
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, BadRegion,
+    testing::Values(BadFile{"missing", "", 53}, BadFile{"empty", "", 5},
+                    BadFile{"header cut", Record(1, {}).substr(0, 31), 5},
+                    BadFile{"rectangles cut", Record(2, {{0, 0, 8, 2}}), 5},
+                    BadFile{"huge count", Record(0x10000001, {{0, 0, 8, 2}}), 5},
+                    BadFile{"greatest count", Record(0xFFFFFFFF, {{0, 0, 8, 2}}), 5},
+                    BadFile{"shows nothing", Record(0, {}), 5},
+                    BadFile{"shows nothing of the form", Record(1, {{8, 0, 20, 4}}), 5}));
+
+TEST_F(TransFormTest, SavingWhereNoFolderIsRaises) {
+  Draw("................................");
+  try {
+    shape_.ShapeMe(form_, kKey, false, File("no folder/out.dat"));
+    FAIL() << "no error";
+  } catch (const TransFormError& error) {
+    EXPECT_EQ("TransForm", error.source());
+    EXPECT_EQ(76U, error.number());
+  }
+}
+
+TEST_F(TransFormTest, DragWithAnotherButtonOnlyResetsThePointer) {
+  DraggedForm = &form_;
+  form_.SetMousePointer(platform::kPointerCustom);
+  const float left = form_.Left();
+  clsTransForm::DragForm(form_.hWnd(), platform::kRightButton);
+  EXPECT_EQ(left, form_.Left());
+  EXPECT_EQ(platform::kPointerDefault, form_.MousePointer());
+  form_.SetMousePointer(platform::kPointerHourglass);
+  clsTransForm::DragForm(form_.hWnd(), platform::kRightButton);
+  EXPECT_EQ(platform::kPointerHourglass, form_.MousePointer());
+  DraggedForm = nullptr;
+}
+
+}  // namespace
+}  // namespace nimbrel
