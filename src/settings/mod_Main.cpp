@@ -37,10 +37,10 @@ bool start_failed = false;
 
 platform::Form& MainWindow() { return MainForm().form; }
 
-/// Left-overs of a run that was killed while it wrote.
+/// Left-overs of a run that was killed while it wrote. Those beside the history are its reader's.
 void RemoveLeftOvers() {
   const std::string folder = platform::ApplicationFolder();
-  for (const char* part : {"", "\\Data", "\\TempBitmaps"}) {
+  for (const char* part : {"", "\\TempBitmaps"}) {
     platform::RemoveTemporaries(folder + part);
   }
 }

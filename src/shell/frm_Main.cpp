@@ -272,11 +272,17 @@ void frm_Main::ShapeWindow() {
   form.SetIconPicture(MediaFile("icon_Home.bmp"));
 }
 
+/// What is inside a button is the button's own and keeps its colours.
 void frm_Main::ColourControls() {
   for (platform::Control* control : form.Controls()) {
-    if (auto* label = dynamic_cast<platform::Label*>(control)) {
-      label->SetForeColor(kTextColor);
-      label->SetTransparent(true);
+    const platform::HWND parent = platform::GetParent(control->hWnd());
+    if (parent != form.hWnd() && parent != pic_Main.hWnd()) {
+      continue;
+    }
+    if (control->Kind() == platform::ControlKind::kLabel) {
+      auto& label = static_cast<platform::Label&>(*control);
+      label.SetForeColor(kTextColor);
+      label.SetTransparent(true);
     } else if (control->Kind() == platform::ControlKind::kCheckBox) {
       control->SetBackColor(kPlainColor);
     }
