@@ -181,8 +181,8 @@ struct Strip {
 };
 
 constexpr std::array<Strip, 26> kStrips{{
-    {"Exit", 28, 28, kFrame, ""},
-    {"Minimize", 28, 28, kFrame, ""},
+    {"Exit", 28, 28, 0xFF1982B9, ""},
+    {"Minimize", 28, 28, 0xFF1982B9, ""},
     {"Home", 142, 44, kDialog, ""},
     {"3d", 142, 44, kDialog, ""},
     {"Sky", 142, 44, kDialog, ""},

@@ -43,10 +43,10 @@ stop_screen() {
   local pid
   stop_program
   for pid in "${SCREEN_PIDS[@]}"; do
-    kill "$pid" 2>/dev/null && wait "$pid" 2>/dev/null
+    kill "$pid" 2>/dev/null || true
+    wait "$pid" 2>/dev/null || true
   done
   SCREEN_PIDS=()
-  return 0
 }
 SCREEN_PIDS=()
 PROGRAM_PID=
@@ -60,9 +60,11 @@ start_program() {
 program_ended() { ! kill -0 "$PROGRAM_PID" 2>/dev/null; }
 
 stop_program() {
-  [[ -n $PROGRAM_PID ]] && kill -9 "$PROGRAM_PID" 2>/dev/null && wait "$PROGRAM_PID" 2>/dev/null
+  if [[ -n $PROGRAM_PID ]]; then
+    kill -9 "$PROGRAM_PID" 2>/dev/null || true
+    wait "$PROGRAM_PID" 2>/dev/null || true
+  fi
   PROGRAM_PID=
-  return 0
 }
 
 # wait_program: waits for the program's end by itself; gives its exit status.
