@@ -14,9 +14,7 @@ namespace {
 /// More folders than an install touches; past it the listings are begun anew.
 constexpr std::size_t kMostListings = 64;
 
-/// How long a listing stays believed after a change of our own, counted from the last full
-/// reading. A stranger's change in the same clock tick as ours doesn't show in the stamp, so the
-/// belief has an end.
+/// How long after its reading a listing may be carried through changes of our own.
 constexpr std::int64_t kOwnTrust = 2'000'000'000;
 
 struct Listing {
@@ -39,9 +37,21 @@ bool FolderStamp(const std::string& folder, FileStamp& stamp) {
   return true;
 }
 
+/// Right after a change of our own the stamp is too young to tell whether a stranger's change came
+/// with it. A run makes hundreds in a row, so the listing is believed meanwhile, and read again as
+/// soon as the run pauses.
 bool IsGood(const Listing& listing, const FileStamp& stamp) {
-  return listing.stamp == stamp && (IsSettled(stamp, listing.taken) ||
-                                    (listing.own && StampClock() - listing.taken < kOwnTrust));
+  if (listing.stamp != stamp || IsSettled(stamp, listing.taken)) {
+    return listing.stamp == stamp;
+  }
+  const std::int64_t now = StampClock();
+  return listing.own && !IsSettled(stamp, now) && now - listing.taken < kOwnTrust;
+}
+
+/// Whether a listing was good just now, before a change of our own.
+bool CanBeCarried(const Listing& listing, const FileStamp& stamp) {
+  return listing.stamp == stamp &&
+         (IsSettled(stamp, listing.taken) || StampClock() - listing.taken < kOwnTrust);
 }
 
 void Note(Listing& listing, std::string_view name) {
@@ -111,21 +121,22 @@ bool ScanFolder(const std::string& folder, const std::function<void(const dirent
   return true;
 }
 
-std::string FindIgnoringCase(const std::string& folder, std::string_view name) {
+bool FindIgnoringCase(const std::string& folder, std::string_view name, std::string& found) {
   const Listing* listing = GoodListing(folder);
   if (listing == nullptr) {
-    return {};
+    return false;
   }
-  const auto found = listing->names.find(FoldName(name));
-  return found == listing->names.end() ? std::string() : found->second;
+  const auto entry = listing->names.find(FoldName(name));
+  found = entry == listing->names.end() ? std::string() : entry->second;
+  return true;
 }
 
 OwnFolderChange::OwnFolderChange(std::string folder)
     : folder_(std::move(folder)), was_valid_(false) {
   const auto listing = listings.find(folder_);
   FileStamp stamp;
-  was_valid_ =
-      listing != listings.end() && FolderStamp(folder_, stamp) && IsGood(listing->second, stamp);
+  was_valid_ = listing != listings.end() && FolderStamp(folder_, stamp) &&
+               CanBeCarried(listing->second, stamp);
 }
 
 OwnFolderChange::~OwnFolderChange() {

@@ -19,10 +19,10 @@ std::string JoinPath(const std::string& folder, std::string_view name);
 /// Calls `visit` for each entry of a folder but "." and "..". False when it can't be read.
 bool ScanFolder(const std::string& folder, const std::function<void(const dirent& entry)>& visit);
 
-/// The name in `folder` that equals `name` but for its case; empty when there is none. Of several
-/// the first in byte order. Answers from a listing that is read once and again only when the
-/// folder's stamp says so.
-std::string FindIgnoringCase(const std::string& folder, std::string_view name);
+/// Finds the name in `folder` that equals `name` but for its case; of several the first in byte
+/// order, and empty when there is none. False when the folder can't be read. Answers from a listing
+/// that is read once and again only when the folder's stamp says so.
+bool FindIgnoringCase(const std::string& folder, std::string_view name, std::string& found);
 
 /// Lives round a change that the program itself makes in a folder, and keeps the folder's listing
 /// good through it: a run of hundreds of new files must not read a large folder for each.

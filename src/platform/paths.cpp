@@ -6,9 +6,11 @@
 #include <cerrno>
 #include <climits>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/Descriptor.h"
+#include "platform/FileStamp.h"
 #include "platform/FolderListings.h"
 #include "platform/files.h"
 
@@ -52,46 +54,45 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &facts) == 0;
 }
 
-/// The longest beginning of `path`, cut at a separator, that exists as written: "/" or "." when
-/// nothing else does.
-std::string ExistingBeginning(const std::string& path) {
-  std::string beginning = path;
-  while (!Exists(beginning)) {
-    std::string folder = SplitPath(beginning).folder;
-    if (folder == beginning) {
-      break;
-    }
-    beginning = std::move(folder);
-  }
-  return beginning;
-}
-
-/// What `path` has behind `beginning`, without a leading separator.
-std::string_view Rest(std::string_view path, const std::string& beginning) {
-  if (beginning == "." && path != ".") {
+/// The path as it is or would be on disk. At most two looks at the disk for an existing folder.
+std::string MatchCase(std::string path) {
+  if (path == "." || path == "/" || Exists(path)) {
     return path;
   }
-  path.remove_prefix(beginning.size());
-  return path.starts_with('/') ? path.substr(1) : path;
+  auto [folder, name] = SplitPath(path);
+  std::string found;
+  if (!FindIgnoringCase(folder, name, found)) {
+    folder = MatchCase(std::move(folder));
+    if (!Exists(JoinPath(folder, name))) {
+      FindIgnoringCase(folder, name, found);
+    }
+  }
+  return JoinPath(folder, found.empty() ? name : found);
 }
 
-std::string MatchCase(const std::string& path) {
-  std::string matched = ExistingBeginning(path);
-  std::string_view rest = Rest(path, matched);
-  while (!rest.empty()) {
-    const std::string_view component = rest.substr(0, rest.find('/'));
-    std::string next = JoinPath(matched, component);
-    if (!Exists(next)) {
-      const std::string name = FindIgnoringCase(matched, component);
-      if (name.empty()) {
-        return JoinPath(matched, rest);
-      }
-      next = JoinPath(matched, name);
-    }
-    matched = std::move(next);
-    rest.remove_prefix(std::min(component.size() + 1, rest.size()));
+struct Root {
+  std::string host;
+  FileStamp stamp;
+  std::string real;
+};
+
+FileStamp FolderStamp(const std::string& host) {
+  struct stat facts {};
+  return stat(host.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) ? StampOf(facts) : FileStamp{};
+}
+
+Root FindRoot(std::string_view path) {
+  std::string host = HostPath(path);
+  const FileStamp stamp = FolderStamp(host);
+  const Descriptor place = OpenPlace(host, O_DIRECTORY);
+  return {std::move(host), stamp, place.IsOpen() ? RealPathOf(place.Number()) : std::string()};
+}
+
+bool IsBelow(const std::string& real, const std::string& root) {
+  if (root.empty() || !real.starts_with(root)) {
+    return false;
   }
-  return matched;
+  return real.size() == root.size() || root.back() == '/' || real[root.size()] == '/';
 }
 
 }  // namespace
@@ -113,29 +114,36 @@ std::string RealPathOf(int descriptor) {
                                    : std::string();
 }
 
-std::string RealFolder(std::string_view path) {
-  const Descriptor place = OpenPlace(HostPath(path), O_DIRECTORY);
-  return place.IsOpen() ? RealPathOf(place.Number()) : std::string();
-}
-
-bool IsBelow(const std::string& real, const std::string& root) {
-  if (root.empty() || !real.starts_with(root)) {
-    return false;
+bool IsInRoot(const std::string& real, std::string_view root) {
+  constexpr std::size_t kMostRoots = 16;
+  // Asked for every file of a run, and the answer hardly ever changes.
+  static std::unordered_map<std::string, Root> roots;
+  const auto known = roots.find(std::string(root));
+  if (known != roots.end() && FolderStamp(known->second.host) == known->second.stamp &&
+      IsBelow(real, known->second.real)) {
+    return true;
   }
-  return real.size() == root.size() || root.back() == '/' || real[root.size()] == '/';
+  Root fresh = FindRoot(root);
+  const bool inside = IsBelow(real, fresh.real);
+  if (roots.size() >= kMostRoots) {
+    roots.clear();
+  }
+  roots.insert_or_assign(std::string(root), std::move(fresh));
+  return inside;
 }
 
 bool LiesWithin(std::string_view path, std::string_view root) {
-  const std::string real_root = RealFolder(root);
-  std::string place_path = HostPath(path);
-  if (real_root.empty() || place_path.empty()) {
+  std::string host = HostPath(path);
+  if (host.empty()) {
     return false;
   }
   // What does not exist yet can't lead anywhere else than its deepest existing folder does; a link
   // whose end is missing could.
-  place_path = ExistingBeginning(place_path);
-  const Descriptor place = OpenPlace(place_path);
-  return place.IsOpen() && IsBelow(RealPathOf(place.Number()), real_root);
+  while (!Exists(host) && host != "/" && host != ".") {
+    host = SplitPath(host).folder;
+  }
+  const Descriptor place = OpenPlace(host);
+  return place.IsOpen() && IsInRoot(RealPathOf(place.Number()), root);
 }
 
 }  // namespace platform

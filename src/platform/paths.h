@@ -8,10 +8,8 @@ namespace platform {
 /// The real path behind an open place, links followed; empty when the system has none for it.
 std::string RealPathOf(int descriptor);
 
-/// The real path of a composed path to a folder; empty when there is no such folder.
-std::string RealFolder(std::string_view path);
-
-/// Whether a real path is `root` or lies below it.
-bool IsBelow(const std::string& real, const std::string& root);
+/// Whether a real path is the folder `root`, a composed path, or lies below it. False when there is
+/// no such folder.
+bool IsInRoot(const std::string& real, std::string_view root);
 
 }  // namespace platform

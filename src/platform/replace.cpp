@@ -54,11 +54,10 @@ FileStatus Replaceable(const Place& place) {
 
 enum class Links : bool { kRefuse, kFollow };
 
-/// Opens the folder of a host path, which has to lie in `real_root` unless that is empty, and looks
+/// Opens the folder of a host path, which has to lie in `root` unless that is empty, and looks
 /// at what stands there. A link of the user's stays a link: the file at its end is the one that
 /// gets replaced.
-FileStatus Locate(const std::string& path, const std::string& real_root, Links links,
-                  Place& place) {
+FileStatus Locate(const std::string& path, std::string_view root, Links links, Place& place) {
   auto [folder, name] = SplitPath(path);
   place.path = path;
   place.folder_path = std::move(folder);
@@ -67,7 +66,7 @@ FileStatus Locate(const std::string& path, const std::string& real_root, Links l
   if (!place.folder.IsOpen()) {
     return FolderFailure(errno);
   }
-  if (!real_root.empty() && !IsBelow(RealPathOf(place.folder.Number()), real_root)) {
+  if (!root.empty() && !IsInRoot(RealPathOf(place.folder.Number()), root)) {
     return FileStatus::kOutside;
   }
   place.exists =
@@ -79,7 +78,7 @@ FileStatus Locate(const std::string& path, const std::string& real_root, Links l
     return Replaceable(place);
   }
   const std::unique_ptr<char, decltype(&free)> end(realpath(path.c_str(), nullptr), free);
-  return end ? Locate(end.get(), real_root, Links::kRefuse, place) : FileStatus::kNotAFile;
+  return end ? Locate(end.get(), root, Links::kRefuse, place) : FileStatus::kNotAFile;
 }
 
 /// The new file beside its target, gone at the end unless it took the target's place.
@@ -279,18 +278,13 @@ FileStatus OpenSource(std::string_view path, std::string_view root, Descriptor& 
   if (fstat(source.Number(), &facts) != 0 || !S_ISREG(facts.st_mode)) {
     return FileStatus::kNotAFile;
   }
-  return root.empty() || IsBelow(RealPathOf(source.Number()), RealFolder(root))
-             ? FileStatus::kOk
-             : FileStatus::kOutside;
+  return root.empty() || IsInRoot(RealPathOf(source.Number()), root) ? FileStatus::kOk
+                                                                     : FileStatus::kOutside;
 }
 
 FileStatus LocateTarget(std::string_view path, std::string_view root, Place& place) {
   const std::string host = HostPath(path);
-  const std::string real_root = root.empty() ? std::string() : RealFolder(root);
-  if (!root.empty() && real_root.empty()) {
-    return FileStatus::kOutside;
-  }
-  return host.empty() ? FileStatus::kNoFolder : Locate(host, real_root, Links::kFollow, place);
+  return host.empty() ? FileStatus::kNoFolder : Locate(host, root, Links::kFollow, place);
 }
 
 }  // namespace
