@@ -3,6 +3,7 @@
 #include <QtEndian>
 #include <array>
 #include <cstdlib>
+#include <limits>
 
 #include "platform/files.h"
 #include "platform/gdiplus.h"
@@ -20,30 +21,43 @@ struct BmpFacts {
   std::int64_t pixels_end = 0;  ///< file length that the pixels need; 0 when packed
 };
 
+using BmpHead = std::array<char, 54>;
+
 template <typename Number>
-Number Field(const std::array<char, 54>& head, std::size_t offset) {
+Number Field(const BmpHead& head, std::size_t offset) {
   return qFromLittleEndian<Number>(&head[offset]);
 }
 
-BmpFacts ReadBmpFacts(QFile& file) {
-  std::array<char, 54> head{};
-  if (file.peek(head.data(), head.size()) < static_cast<qint64>(head.size()) || head[0] != 'B' ||
-      head[1] != 'M') {
-    return {};
-  }
-  BmpFacts facts{.is_bmp = true};
+/// Where plain pixels end; 0 for packed ones, past every file for sides that are not served. The
+/// oldest header has 16-bit sides and no packing.
+std::int64_t PixelsEnd(const BmpHead& head) {
+  constexpr std::uint32_t kOldestHeader = 12;
   constexpr std::uint32_t kPlain = 0;
   constexpr std::uint32_t kBitFields = 3;
-  const auto compression = Field<std::uint32_t>(head, 30);
-  if (compression == kPlain || compression == kBitFields) {
-    const std::int64_t width = std::abs(std::int64_t{Field<std::int32_t>(head, 18)});
-    const std::int64_t height = std::abs(std::int64_t{Field<std::int32_t>(head, 22)});
-    const std::int64_t row = (width * Field<std::uint16_t>(head, 28) + 31) / 32 * 4;
-    if (width <= kLargestSide && height <= kLargestSide) {
-      facts.pixels_end = Field<std::uint32_t>(head, 10) + row * height;
-    }
+  const bool oldest = Field<std::uint32_t>(head, 14) == kOldestHeader;
+  const auto compression = oldest ? kPlain : Field<std::uint32_t>(head, 30);
+  if (compression != kPlain && compression != kBitFields) {
+    return 0;
   }
-  return facts;
+  const std::int64_t width =
+      oldest ? Field<std::uint16_t>(head, 18) : Field<std::int32_t>(head, 18);
+  const std::int64_t height =
+      oldest ? Field<std::uint16_t>(head, 20) : Field<std::int32_t>(head, 22);
+  if (std::abs(width) > kLargestSide || std::abs(height) > kLargestSide) {
+    return std::numeric_limits<std::int64_t>::max();
+  }
+  const std::int64_t depth = Field<std::uint16_t>(head, oldest ? 24 : 28);
+  return Field<std::uint32_t>(head, 10) +
+         (std::abs(width) * depth + 31) / 32 * 4 * std::abs(height);
+}
+
+BmpFacts ReadBmpFacts(QFile& file) {
+  BmpHead head{};
+  file.peek(head.data(), head.size());
+  if (head[0] != 'B' || head[1] != 'M') {
+    return {};
+  }
+  return {.is_bmp = true, .pixels_end = PixelsEnd(head)};
 }
 
 bool SizeServed(const QSize& size) {
@@ -56,12 +70,9 @@ bool SizeServed(const QSize& size) {
 QImage Decode(QFile& file, bool& is_bmp) {
   const BmpFacts facts = ReadBmpFacts(file);
   is_bmp = facts.is_bmp;
-  if (facts.pixels_end > file.size()) {
-    return {};
-  }
   QImageReader reader(&file);
   reader.setDecideFormatFromContent(true);
-  if (!SizeServed(reader.size())) {
+  if (facts.pixels_end > file.size() || !SizeServed(reader.size())) {
     return {};
   }
   return reader.read();

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QRegion>
+#include <string>
 
 #include "platform/gdiplus.h"
 
@@ -45,7 +46,7 @@ struct Image {
 };
 
 struct FontFamily {
-  QString name;
+  std::string name;
 };
 
 struct PaintFont {

@@ -1,9 +1,9 @@
 #include <QGuiApplication>
 #include <QTextLayout>
 #include <algorithm>
-#include <cmath>
 
 #include "platform/gdiplus.h"
+#include "platform/qt/fonts.h"
 #include "platform/qt/paint_objects.h"
 
 namespace platform {
@@ -86,7 +86,7 @@ Status GdipCreateFontFamilyFromName(std::string_view name, GpFontFamily& family)
     return Status::InvalidParameter;
   }
   family = std::make_shared<FontFamily>();
-  family->name = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+  family->name = name;
   return Status::Ok;
 }
 
@@ -99,10 +99,8 @@ Status GdipCreateFont(const GpFontFamily& family, float size, int style, Unit, G
   }
   font = std::make_shared<PaintFont>();
   font->em = size;
-  font->font = QFont(family->name);
-  font->font.setStyleHint(QFont::SansSerif);
-  font->font.setPixelSize(static_cast<int>(std::lround(size)));
-  font->font.setBold((style & FontStyleBold) != 0);
+  font->font =
+      MakeFont({.family = family->name, .pixel_size = size, .bold = (style & FontStyleBold) != 0});
   return Status::Ok;
 }
 
