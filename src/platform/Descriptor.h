@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <string>
 #include <utility>
 
 namespace platform {
@@ -37,14 +36,7 @@ class Descriptor {
   int number_ = -1;
 };
 
-/// Opens for reading without ever waiting, also on a pipe or a device.
-inline Descriptor OpenToRead(const std::string& path) {
-  return Descriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-}
-
-/// A handle on whatever stands at `path`, links followed; needs no permission on the thing itself.
-inline Descriptor OpenPlace(const std::string& path, int flags = 0) {
-  return Descriptor(open(path.c_str(), O_PATH | O_CLOEXEC | flags));
-}
+/// Reading without ever waiting, also on a pipe or a device.
+inline constexpr int kOpenToRead = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
 }  // namespace platform

@@ -231,7 +231,7 @@ FileStatus DeleteFile(std::string_view path) {
 
 std::optional<std::vector<std::byte>> ReadFile(std::string_view path, std::size_t limit,
                                                FileStatus* status) {
-  const Descriptor file = OpenToRead(HostPath(path));
+  const Descriptor file(open(HostPath(path).c_str(), kOpenToRead));
   std::vector<std::byte> bytes;
   FileStatus result = FileStatus::kNoSource;
   if (file.IsOpen()) {

@@ -1,6 +1,10 @@
 #include "platform/paths.h"
 
+#include <fcntl.h>
+#include <linux/openat2.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -9,7 +13,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/Descriptor.h"
 #include "platform/FileStamp.h"
 #include "platform/FolderListings.h"
 #include "platform/files.h"
@@ -70,6 +73,15 @@ std::string MatchCase(std::string path) {
   return JoinPath(folder, found.empty() ? name : found);
 }
 
+std::string RealPathOf(int descriptor) {
+  const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
+  std::array<char, PATH_MAX> buffer{};
+  const ssize_t length = readlink(link.c_str(), buffer.data(), buffer.size());
+  const bool whole = length > 0 && static_cast<std::size_t>(length) < buffer.size();
+  return whole && buffer[0] == '/' ? std::string(buffer.data(), static_cast<std::size_t>(length))
+                                   : std::string();
+}
+
 struct Root {
   std::string host;
   FileStamp stamp;
@@ -84,8 +96,9 @@ FileStamp FolderStamp(const std::string& host) {
 Root FindRoot(std::string_view path) {
   std::string host = HostPath(path);
   const FileStamp stamp = FolderStamp(host);
-  const Descriptor place = OpenPlace(host, O_DIRECTORY);
-  return {std::move(host), stamp, place.IsOpen() ? RealPathOf(place.Number()) : std::string()};
+  std::string real;
+  OpenReal(host, O_PATH | O_DIRECTORY, real);
+  return {std::move(host), stamp, std::move(real)};
 }
 
 bool IsBelow(const std::string& real, const std::string& root) {
@@ -105,13 +118,20 @@ std::string HostPath(std::string_view path) {
   return text.size() < PATH_MAX ? MatchCase(text) : text;
 }
 
-std::string RealPathOf(int descriptor) {
-  const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
-  std::array<char, PATH_MAX> buffer{};
-  const ssize_t length = readlink(link.c_str(), buffer.data(), buffer.size());
-  const bool whole = length > 0 && static_cast<std::size_t>(length) < buffer.size();
-  return whole && buffer[0] == '/' ? std::string(buffer.data(), static_cast<std::size_t>(length))
-                                   : std::string();
+Descriptor OpenReal(const std::string& host, int flags, std::string& real) {
+  // Most paths hold no link: then the path is its own real one, and nothing more need be asked.
+  open_how how{};
+  how.flags = static_cast<unsigned>(flags | O_CLOEXEC);
+  how.resolve = RESOLVE_NO_SYMLINKS;
+  Descriptor place(
+      static_cast<int>(syscall(SYS_openat2, AT_FDCWD, host.c_str(), &how, sizeof how)));
+  if (place.IsOpen() && host.front() == '/') {
+    real = host;
+    return place;
+  }
+  place = Descriptor(open(host.c_str(), flags | O_CLOEXEC));
+  real = place.IsOpen() ? RealPathOf(place.Number()) : std::string();
+  return place;
 }
 
 bool IsInRoot(const std::string& real, std::string_view root) {
@@ -142,8 +162,8 @@ bool LiesWithin(std::string_view path, std::string_view root) {
   while (!Exists(host) && host != "/" && host != ".") {
     host = SplitPath(host).folder;
   }
-  const Descriptor place = OpenPlace(host);
-  return place.IsOpen() && IsInRoot(RealPathOf(place.Number()), root);
+  std::string real;
+  return OpenReal(host, O_PATH, real).IsOpen() && IsInRoot(real, root);
 }
 
 }  // namespace platform

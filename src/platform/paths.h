@@ -3,10 +3,13 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Descriptor.h"
+
 namespace platform {
 
-/// The real path behind an open place, links followed; empty when the system has none for it.
-std::string RealPathOf(int descriptor);
+/// Opens a host path, links followed, and gives its real path, which is empty when the system has
+/// none for it.
+Descriptor OpenReal(const std::string& host, int flags, std::string& real);
 
 /// Whether a real path is the folder `root`, a composed path, or lies below it. False when there is
 /// no such folder.

@@ -62,11 +62,12 @@ FileStatus Locate(const std::string& path, std::string_view root, Links links, P
   place.path = path;
   place.folder_path = std::move(folder);
   place.name = std::move(name);
-  place.folder = OpenPlace(place.folder_path, O_DIRECTORY);
+  std::string real;
+  place.folder = OpenReal(place.folder_path, O_PATH | O_DIRECTORY, real);
   if (!place.folder.IsOpen()) {
     return FolderFailure(errno);
   }
-  if (!root.empty() && !IsInRoot(RealPathOf(place.folder.Number()), root)) {
+  if (!root.empty() && !IsInRoot(real, root)) {
     return FileStatus::kOutside;
   }
   place.exists =
@@ -271,15 +272,15 @@ int CopyWhole(int from, const struct stat& before, int to) {
 
 FileStatus OpenSource(std::string_view path, std::string_view root, Descriptor& source,
                       struct stat& facts) {
-  source = OpenToRead(HostPath(path));
+  std::string real;
+  source = OpenReal(HostPath(path), kOpenToRead, real);
   if (!source.IsOpen()) {
     return errno == ENOENT || errno == ENOTDIR ? FileStatus::kNoSource : StatusFromErrno(errno);
   }
   if (fstat(source.Number(), &facts) != 0 || !S_ISREG(facts.st_mode)) {
     return FileStatus::kNotAFile;
   }
-  return root.empty() || IsInRoot(RealPathOf(source.Number()), root) ? FileStatus::kOk
-                                                                     : FileStatus::kOutside;
+  return root.empty() || IsInRoot(real, root) ? FileStatus::kOk : FileStatus::kOutside;
 }
 
 FileStatus LocateTarget(std::string_view path, std::string_view root, Place& place) {
