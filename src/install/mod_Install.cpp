@@ -139,10 +139,11 @@ void RemoveLeftovers() {
   };
   std::set<std::string> distinct;
   for (const std::string& folder : folders) {
-    const std::string path = SimulatorRoot + folder + "\\";
-    if (distinct.insert(platform::HostPath(path)).second &&
-        platform::LiesWithin(path, SimulatorRoot)) {
-      DeleteUntilGone(path + std::string(platform::kTemporaryPattern));
+    std::string pattern = SimulatorRoot + folder + "\\";
+    if (distinct.insert(platform::HostPath(pattern)).second &&
+        platform::LiesWithin(pattern, SimulatorRoot)) {
+      pattern += platform::kTemporaryPattern;
+      DeleteUntilGone(pattern);
     }
   }
 }

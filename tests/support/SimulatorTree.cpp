@@ -67,10 +67,10 @@ void SimulatorTree::Load(std::string_view information) const {
 std::string InformationText(int highest) {
   std::string text = "; what can be chosen\r\n[Main]\r\nuseDXT=1\r\nuseLowRes=0\r\n";
   for (std::size_t family = 0; family < kFamilies; ++family) {
-    text += "[" + std::string(kFamilySections[family]) + "]\r\n" + kFamilyKeys[family];
+    text.append("[").append(kFamilySections[family]).append("]\r\n").append(kFamilyKeys[family]);
     for (const OptionGroup& group : kOptionGroups) {
       if (static_cast<std::size_t>(group.family) == family) {
-        text += group.highest_key + ("=" + std::to_string(highest)) + "\r\n";
+        text += std::string(group.highest_key) + "=" + std::to_string(highest) + "\r\n";
         for (int option = 0; option <= highest; ++option) {
           text += Row(group.prefix, std::to_string(option));
         }
