@@ -97,7 +97,8 @@ void DrawArcs(const GpGraphics& graphics, const GpPen& pen, const std::array<Arc
   }
 }
 
-/// Left edge of a randomizer tab.
+/// Left edge of a randomizer tab. The tab's lines and arcs are of one opaque colour, so it does not
+/// show which of them is drawn first.
 float TabLeft(int tab) { return static_cast<float>(17 + 84 * tab); }
 
 /// A number that is none, or lies outside the scale, shows as the nearer end of it.
