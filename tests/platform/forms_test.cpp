@@ -177,18 +177,18 @@ TEST(Mouse, HandlerMayDestroyItsOwnForm) {
   auto box = std::make_unique<PictureBox>(*form, "pic_Gone");
   box->PlacePixels(0, 0, 50, 50);
   ShowSmall(*form);
-  const int marker = 7;
-  int seen = 0;
+  const std::string kept = "what the handler holds outlives its control";
+  std::string seen;
   box->Click = [] { ADD_FAILURE() << "a click of a control that is gone"; };
-  box->MouseUp = [&, marker](const MouseEvent&) {
+  box->MouseUp = [&, kept](const MouseEvent&) {
     box.reset();
     form.reset();
-    seen = marker;
+    seen = kept;
   };
   QWidget& window = *Widget("pic_Gone").window();
   Press(window, {5, 5});
   Release(window, {5, 5});
-  EXPECT_EQ(7, seen);
+  EXPECT_EQ(kept, seen);
   EXPECT_EQ(nullptr, FindWidget("frm_Gone"));
 }
 
