@@ -15,7 +15,7 @@ namespace {
 constexpr int kMostPixelsASide = 16384;
 /// Well over what the skin and a texture pack hold (a 4096 x 4096 picture of 32 bits is half of
 /// it).
-constexpr std::size_t kLargestFile = 128U * 1024 * 1024;
+constexpr std::size_t kLargestFile = std::size_t{128} * 1024 * 1024;
 /// The newest published info header has 124 bytes; what is longer is no bitmap of today.
 constexpr std::uint32_t kLongestInfoHeader = 124;
 constexpr std::uint32_t kPlain = 0;
@@ -157,7 +157,7 @@ void WidenIndices(Bytes row, const Layout& layout, std::uint8_t* out) {
 template <typename Pixel, std::size_t kTargetBytes>
 void SpreadChannels(Bytes row, const Layout& layout, std::uint8_t* out) {
   for (std::size_t x = 0; x < static_cast<std::size_t>(layout.width); ++x, out += kTargetBytes) {
-    const std::uint32_t pixel = ReadLittle<Pixel>(row, x * sizeof(Pixel));
+    const auto pixel = std::uint32_t{ReadLittle<Pixel>(row, x * sizeof(Pixel))};
     out[0] = layout.blue.From(pixel);
     out[1] = layout.green.From(pixel);
     out[2] = layout.red.From(pixel);

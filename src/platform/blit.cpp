@@ -42,9 +42,9 @@ class ColorMatcher {
     if (!known_ || color != latest_) {
       latest_ = color;
       known_ = true;
-      const auto nearest = std::ranges::min_element(
-          table_, {}, [&](const RGBQuad& entry) { return Distance(entry, color); });
-      answer_ = static_cast<std::uint8_t>(nearest - table_.begin());
+      const auto distance = [&](const RGBQuad& entry) { return Distance(entry, color); };
+      answer_ = static_cast<std::uint8_t>(
+          std::ranges::distance(table_.begin(), std::ranges::min_element(table_, {}, distance)));
     }
     return answer_;
   }
