@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <set>
 
+#include "platform/FileStamp.h"
 #include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
@@ -82,6 +83,29 @@ TEST(HostPath, SeesWhatOthersDoInAFolderAtOnce) {
     fs::remove(root / name);
     ASSERT_FALSE(platform::FileExists(asked));
   }
+}
+
+TEST(HostPath, SeesAChangeAfterAListingThatWasBelieved) {
+  const TempFolder root;
+  usleep(100'000);  // past the tick of the folder's making, so that its listing counts
+  const std::string asked = root.string() + "\\SUN.BMP";
+  for (int i = 0; i < 2; ++i) {
+    ASSERT_FALSE(platform::FileExists(asked));
+  }
+  WriteText(root / "sun.bmp", "");
+  EXPECT_TRUE(platform::FileExists(asked));
+}
+
+TEST(FileStamp, AReadingWithinTheTickOfAChangeProvesNothing) {
+  constexpr std::int64_t kMillisecond = 1'000'000;
+  platform::FileStamp stamp{.modified = 5, .changed = 7 * kMillisecond + 1};
+  EXPECT_FALSE(platform::IsSettled(stamp, stamp.changed));
+  EXPECT_FALSE(platform::IsSettled(stamp, stamp.changed - kMillisecond));
+  EXPECT_FALSE(platform::IsSettled(stamp, stamp.changed + 10 * kMillisecond));
+  EXPECT_TRUE(platform::IsSettled(stamp, stamp.changed + 100 * kMillisecond));
+  stamp.changed = 3000 * kMillisecond;  // a file system that counts in seconds
+  EXPECT_FALSE(platform::IsSettled(stamp, stamp.changed + 1900 * kMillisecond));
+  EXPECT_TRUE(platform::IsSettled(stamp, stamp.changed + 2200 * kMillisecond));
 }
 
 TEST(HostPath, KnowsItsOwnChanges) {
@@ -168,7 +192,7 @@ TEST(ReadFile, IsBoundedAndNeverWaits) {
 TEST(Replace, KeepsTheOldNameAndPermissions) {
   const TempFolder root;
   WriteText(root / "Texture/SUN.bmp", "old");
-  fs::permissions(root / "Texture/SUN.bmp", fs::perms(0640));
+  fs::permissions(root / "Texture/SUN.bmp", fs::perms(0666));
   const std::string big(3 << 20, 'n');
   WriteText(root / "set/sun.bmp", big);
   fs::permissions(root / "set/sun.bmp", fs::perms(0444));
@@ -178,13 +202,14 @@ TEST(Replace, KeepsTheOldNameAndPermissions) {
   }
   EXPECT_EQ("SUN.bmp fresh.bmp ", Names(root / "Texture"));
   EXPECT_EQ(big, ReadText(root / "Texture/SUN.bmp"));
-  EXPECT_EQ(fs::perms(0640), fs::status(root / "Texture/SUN.bmp").permissions());
+  EXPECT_EQ(fs::perms(0666), fs::status(root / "Texture/SUN.bmp").permissions());
   EXPECT_EQ(fs::perms::owner_write,
             fs::status(root / "Texture/fresh.bmp").permissions() & fs::perms::owner_write);
 }
 
 TEST(Replace, RefusesWithItsReason) {
-  const TempFolder root;
+  const TempFolder all;
+  const fs::path root = all / "root";
   WriteText(root / "set/a", "new");
   WriteText(root / "sim/read-only", "old");
   fs::permissions(root / "sim/read-only", fs::perms(0444));

@@ -1,6 +1,7 @@
 #include "platform/inifile.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -164,6 +165,10 @@ TEST(IniFile, FollowsWhatOthersWrite) {
     WriteText(file.folder / "File.cfg", "[a]\nk=" + value + "\n");
     ASSERT_EQ(value, file.Get("a", "k"));
   }
+  usleep(100'000);  // past the tick of the last write, so that the next reading counts
+  EXPECT_EQ("1299", file.Get("a", "k"));
+  WriteText(file.folder / "File.cfg", "[a]\nk=1300\n");
+  EXPECT_EQ("1300", file.Get("a", "k"));
   fs::remove(file.folder / "File.cfg");
   EXPECT_EQ("none", file.Get("a", "k"));
   WriteText(file.folder / "FILE.CFG", "[a]\nk=back\n");
