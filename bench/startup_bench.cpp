@@ -1,0 +1,175 @@
+// How long the three catalogue readers take on a catalogue with a picture of 400 by 300 for each of
+// 11 x 20 options, beside a bare loop that reads and decodes the same files. Each iteration runs
+// both, so that the machine's mood falls on both alike.
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <QImage>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "platform/forms.h"
+#include "platform/system.h"
+#include "settings/Catalogue.h"
+#include "settings/Functions_Configuration.h"
+#include "settings/mod_Main.h"
+#include "settings/mod_ReadConfiguration.h"
+#include "shell/MainSwitches.h"
+#include "shell/RefreshMainPage.h"
+
+namespace fs = std::filesystem;
+
+namespace nimbrel {
+
+// What the readers' layer asks of the layers above it.
+MainSwitches Switches() {
+  static platform::Form form("frm_Main");
+  static platform::CheckBox sun(form, "chk_Sun");
+  static platform::CheckBox contrails(form, "chk_Contrails");
+  static platform::CheckBox dxt(form, "chk_DXT");
+  static platform::CheckBox fast(form, "chk_Fast");
+  return {sun, contrails, dxt, fast};
+}
+void RefreshMainPage() {}
+void ShutDownProgram() {
+  std::fprintf(stderr, "the readers refused the catalogue\n");
+  std::_Exit(1);
+}
+
+namespace {
+
+constexpr std::int16_t kOptions = 20;
+constexpr double kMostRatio = 1.3;
+
+std::vector<std::string> picture_files;
+double ratio = 0;  ///< of the medians, by the last run
+
+/// A picture with detail of its own in every row, so that no two files are alike.
+void MakePicture(const std::string& file, std::uint32_t seed) {
+  QImage picture(400, 300, QImage::Format_RGB32);
+  for (int y = 0; y < picture.height(); ++y) {
+    auto* row = reinterpret_cast<QRgb*>(picture.scanLine(y));
+    for (int x = 0; x < picture.width(); ++x) {
+      seed = seed * 1664525U + 1013904223U;
+      row[x] = 0xFF000000U | (seed >> 8U);
+    }
+  }
+  picture.save(QString::fromStdString(file), "BMP");
+}
+
+void WriteGroup(std::ofstream& text, const OptionGroup& group, const std::string& folder) {
+  text << group.highest_key << '=' << kOptions - 1 << "\r\n";
+  for (std::int16_t option = 0; option < kOptions; ++option) {
+    const std::string name = std::string(group.prefix) + "_" + std::to_string(option);
+    text << RowKey(group.prefix, "Preview", option) << "=Media\\Screen Shots\\" << name << "\r\n"
+         << RowKey(group.prefix, "Textures", option) << "=Data\\Sets\\" << name << "\r\n"
+         << RowKey(group.prefix, "Description", option) << "=What this option looks like\r\n"
+         << RowKey(group.prefix, "Title", option) << "=An option\r\n"
+         << RowKey(group.prefix, kInhibitField, option) << "=0\r\n";
+    picture_files.push_back(folder + "/Media/Screen Shots/" + name + ".bmp");
+    MakePicture(picture_files.back(), static_cast<std::uint32_t>(picture_files.size()));
+  }
+}
+
+void MakeCatalogue(const std::string& folder) {
+  fs::create_directories(fs::path(folder) / "Media/Screen Shots");
+  std::ofstream text(fs::path(folder) / "NB_Information.cfg", std::ios::binary);
+  for (std::size_t family = 0; family < kFamilies; ++family) {
+    text << '[' << kFamilySections[family] << "]\r\n"
+         << "Destination=Texture\r\nsunInhibitRandomizer=0\r\ncontrailsInhibitRandomizer=0\r\n";
+    for (const OptionGroup& group : kOptionGroups) {
+      if (static_cast<std::size_t>(group.family) == family) {
+        WriteGroup(text, group, folder);
+      }
+    }
+  }
+}
+
+template <typename Work>
+double Milliseconds(Work work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+      .count();
+}
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+void ReadCatalogue() {
+  LoadCumulusConfiguration();
+  LoadSkyConfiguration();
+  LoadWaterConfiguration();
+}
+
+bool EveryPictureLoaded() {
+  return std::all_of(kOptionGroups.begin(), kOptionGroups.end(), [](const OptionGroup& group) {
+    return Catalogue.At(group.family, group.index, kOptions - 1).Preview != nullptr;
+  });
+}
+
+/// Each side keeps all its pictures to its end and starts without any, the readers from an
+/// information file that is newer than what they may remember of it.
+double TimeReaders() {
+  Catalogue = {};
+  fs::last_write_time(platform::ApplicationFolder() + "/NB_Information.cfg",
+                      fs::file_time_type::clock::now());
+  return Milliseconds(ReadCatalogue);
+}
+
+double TimeBareLoop() {
+  Catalogue = {};
+  std::vector<QImage> pictures;
+  return Milliseconds([&] {
+    for (const std::string& file : picture_files) {
+      pictures.emplace_back(QString::fromStdString(file));
+    }
+  });
+}
+
+void StartUp(benchmark::State& state) {
+  std::vector<double> readers;
+  std::vector<double> bare;
+  for (auto _ : state) {
+    bare.push_back(TimeBareLoop());
+    readers.push_back(TimeReaders());
+  }
+  if (!EveryPictureLoaded()) {
+    state.SkipWithError("a picture is missing");
+    return;
+  }
+  ratio = Median(readers) / Median(bare);
+  state.counters["readers_ms"] = Median(readers);
+  state.counters["bare_ms"] = Median(bare);
+  state.counters["ratio"] = ratio;
+}
+BENCHMARK(StartUp)->Unit(benchmark::kMillisecond)->Iterations(21);
+
+}  // namespace
+}  // namespace nimbrel
+
+int main(int argc, char** argv) {
+  setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  const platform::Application application(argc, argv);
+  std::string folder = (fs::temp_directory_path() / "startup-bench-XXXXXX").string();
+  if (mkdtemp(folder.data()) == nullptr) {
+    std::perror(folder.c_str());
+    return 1;
+  }
+  platform::SetApplicationFolder(folder);
+  nimbrel::MakeCatalogue(folder);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  fs::remove_all(folder);
+  std::printf("ratio %.2f (at most %.1f)\n", nimbrel::ratio, nimbrel::kMostRatio);
+  return nimbrel::ratio > 0 && nimbrel::ratio <= nimbrel::kMostRatio ? 0 : 1;
+}
