@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QImage>
 #include <QRegion>
-#include <QWidget>
 #include <cstring>
 #include <ostream>
 
+#include "platform/real_widgets.h"
 #include "platform/system.h"
+#include "support/BmpFile.h"
 #include "support/TempFolder.h"
 #include "widgets/clsTransForm.h"
 
@@ -29,14 +28,13 @@ class TransFormTest : public testing::Test {
   ~TransFormTest() override { platform::SetApplicationFolder(""); }
 
   void Draw(std::string_view rows) {
-    QImage image(kWidth, kHeight, QImage::Format_RGB32);
-    for (int i = 0; i < kWidth * kHeight; ++i) {
-      const bool key = rows[static_cast<std::size_t>(i)] == '#';
-      image.setPixel(i % kWidth, i / kWidth, key ? 0xFFFF00FF : 0xFFFF00FE);
-    }
-    ASSERT_TRUE(image.save(QString::fromStdString((folder_ / "bg.bmp").string())));
-    ASSERT_TRUE(form_.SetPicture((folder_ / "bg.bmp").string()));
+    const auto color = [rows](int x, int y) {
+      return rows[static_cast<std::size_t>(y * kWidth + x)] == '#' ? 0xFF00FFU : 0xFF00FEU;
+    };
+    WriteText(File("bg.bmp"), ColorBmp(kWidth, kHeight, color).Bytes());
+    ASSERT_TRUE(form_.SetPicture(File("bg.bmp")));
   }
+  static QRegion Mask() { return Widget("frm_Shaped").mask(); }
   std::string File(std::string_view name) const { return (folder_ / name).string(); }
 
   TempFolder folder_;
@@ -67,21 +65,16 @@ std::string Outline(const std::string& file) {
   return rows;
 }
 
-class Scan : public TransFormTest, public testing::WithParamInterface<const char*> {};
-
-TEST_P(Scan, LeavesOutExactlyTheKeyColour) {
-  Draw(GetParam());
-  WriteText(File("out.dat"), "an older and longer file than what comes to stand here in its place");
-  shape_.ShapeMe(form_, kKey, false, File("out.dat"));
-  EXPECT_EQ(GetParam(), Outline(File("out.dat")));
+TEST_F(TransFormTest, ScanLeavesOutExactlyTheKeyColour) {
+  for (const char* rows : {"................................", "....####....####....####....####",
+                           "####....########............####", "#.#.#.#..#.#.#.##.#.#.#..#.#.#.#",
+                           "................#######........."}) {
+    Draw(rows);
+    WriteText(File("out.dat"), "an older and longer file than what comes to stand in its place");
+    shape_.ShapeMe(form_, kKey, false, File("out.dat"));
+    EXPECT_EQ(rows, Outline(File("out.dat")));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Pictures, Scan,
-                         testing::Values("................................",
-                                         "....####....####....####....####",
-                                         "####....########............####",
-                                         "#.#.#.#..#.#.#.##.#.#.#..#.#.#.#",
-                                         "................#######........."));
 
 TEST_F(TransFormTest, WritesTheRecordByteForByte) {
   Draw("################..######..######");
@@ -92,20 +85,13 @@ TEST_F(TransFormTest, WritesTheRecordByteForByte) {
   EXPECT_EQ(expected, ReadText(File("out.dat")));
 }
 
-TEST_F(TransFormTest, ALoadedFileShapesTheWindow) {
+TEST_F(TransFormTest, ALoadedFileShapesTheWindowAndNoNameScans) {
   WriteText(File("in.dat"), Record(2, {{0, 0, 8, 1}, {2, 1, 6, 4}}));
   shape_.ShapeMe(form_, 0, true, File("in.dat"));
-  const QWidget* window = QWidget::find(0);
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    window = widget->objectName() == "frm_Shaped" ? widget : window;
-  }
-  ASSERT_NE(nullptr, window);
-  EXPECT_EQ(QRegion(0, 0, 8, 1) + QRegion(2, 1, 4, 3), window->mask());
-}
-
-TEST_F(TransFormTest, LoadWithoutANameScans) {
-  Draw("####............................");
-  EXPECT_NO_THROW(shape_.ShapeMe(form_, kKey, true, ""));
+  EXPECT_EQ(QRegion(0, 0, 8, 1) + QRegion(2, 1, 4, 3), Mask());
+  Draw("################..######..######");
+  shape_.ShapeMe(form_, kKey, true, "");
+  EXPECT_EQ(QRegion(0, 2, 2, 2), Mask());
 }
 
 struct BadFile {
@@ -130,11 +116,7 @@ TEST_P(BadRegion, RaisesAndLeavesTheWindowRectangular) {
     EXPECT_STRNE("", error.what());
   }
   EXPECT_NO_THROW(ShapeFromFile(shape_, form_, "\\Media\\bad.dat"));
-  for (const QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->objectName() == "frm_Shaped") {
-      EXPECT_TRUE(widget->mask().isEmpty());
-    }
-  }
+  EXPECT_TRUE(Mask().isEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
