@@ -25,6 +25,7 @@ namespace {
 
 constexpr int kSide = 512;
 constexpr int kPixels = kSide * kSide;
+constexpr std::size_t kSheetBytes = std::size_t{kPixels} * 4;
 constexpr std::size_t kBlockPixelBytes = 64;
 constexpr std::size_t kBlockBytes = 16;
 constexpr std::size_t kTextureHeaders = 74;
@@ -67,7 +68,7 @@ std::uint8_t ToByte(double value) {
 /// that fades out.
 std::vector<std::uint8_t> MakeCloud() {
   std::vector<std::uint8_t> cloud;
-  cloud.reserve(kPixels * 4);
+  cloud.reserve(kSheetBytes);
   for (int y = 0; y < kSide; ++y) {
     for (int x = 0; x < kSide; ++x) {
       const double light = Layers(x, y, 11);
@@ -131,7 +132,7 @@ void Report(benchmark::State& state, std::span<const std::uint8_t> blocks) {
 template <typename Encode>
 void RunEncoder(benchmark::State& state, Encode encode) {
   std::vector<std::uint8_t> blocks(kPixels);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     for (std::size_t index = 0; index < kPixels / 16; ++index) {
       encode(CutBlock(index).data(), &blocks[index * kBlockBytes]);
     }
@@ -188,7 +189,7 @@ class SheetFolder {
     for (std::uint32_t i = 0; i < table; ++i) {
       file.push_back(static_cast<std::byte>(i / 4));
     }
-    for (std::size_t i = 0; i < kPixels * 4; i += 4) {
+    for (std::size_t i = 0; i < kSheetBytes; i += 4) {
       if (bit_count == 8) {
         file.push_back(std::byte{Cloud()[i + 3]});
         continue;
@@ -206,14 +207,14 @@ class SheetFolder {
 void NimbrelTexture(benchmark::State& state) {
   const SheetFolder folder;
   const auto format = static_cast<std::int32_t>(state.range(0));
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     if (platform::BMPScompressBMP(folder.File("c.bmp"), folder.File("a.bmp"), format, -1, -1,
                                   folder.File("out.bmp")) != 1) {
       state.SkipWithError("no texture was written");
       return;
     }
   }
-  const auto file = platform::ReadFile(folder.File("out.bmp"), kTextureHeaders + kPixels * 4);
+  const auto file = platform::ReadFile(folder.File("out.bmp"), kTextureHeaders + kSheetBytes);
   if (file && format == platform::kFormatDXT3) {
     std::vector<std::uint8_t> blocks(kPixels);
     std::memcpy(blocks.data(), file->data() + kTextureHeaders, blocks.size());

@@ -88,7 +88,7 @@ bool Nudge(const BlockPixels& pixels, Ends& ends, Fit& fit, std::size_t end, std
 
 /// The encoder fits its ends as exact colours and rounds them afterwards to the 16 bits that they
 /// are stored in. In the soft slopes of a cloud that rounding is most of the error, and a few steps
-/// round the rounded ends win back more than a decibel for a quarter of the time.
+/// round the rounded ends win back more than a decibel for about a quarter more time.
 Fit Refine(const BlockPixels& pixels, Ends& ends) {
   Fit fit = Match(pixels, ends, std::numeric_limits<int>::max());
   bool moved = true;

@@ -63,7 +63,9 @@ class Composer : public testing::Test {
 
 std::uint32_t Pixel(const std::string& texture, int side, int x, int y) {
   std::uint32_t pixel = 0;
-  const auto at = static_cast<std::size_t>(74 + ((side - 1 - y) * side + x) * 4);
+  const auto row = static_cast<std::size_t>(side - 1 - y);
+  const std::size_t index = row * static_cast<std::size_t>(side) + static_cast<std::size_t>(x);
+  const std::size_t at = 74 + index * 4;
   for (std::size_t i = 4; i-- > 0;) {
     pixel = pixel << 8U | static_cast<unsigned char>(texture.at(at + i));
   }
@@ -191,7 +193,7 @@ TEST_F(Composer, InputsOutsideTheProgramFolderAreNotRead) {
   PrepareAll(256);
   fs::create_directory(folder_ / "program");
   platform::SetApplicationFolder((folder_ / "program").string());
-  const std::string path = folder_.string() + "\\program\\..\\solid";
+  const std::string path = folder_.string() + R"(\program\..\solid)";
   nimbrel::PrepareCloudInput(0, path + ".bmp", path + "_a.bmp");
   EXPECT_FALSE(nimbrel::ComposeColorSheet(1));
 }
