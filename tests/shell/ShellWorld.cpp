@@ -97,10 +97,11 @@ std::string OptionTitle(int family, int group, int option) {
   return "Title " + std::to_string(family) + std::to_string(group) + std::to_string(option);
 }
 
-ShellWorld::ShellWorld() : root_(folder_.path()) {
+ShellWorld::ShellWorld() {
   if (testing::internal::InDeathTestChild()) {
     root_ = std::getenv(kTreeOfParent);
   } else {
+    root_ = folder_.emplace().path();
     setenv(kTreeOfParent, root_.c_str(), 1);
     WriteCatalogue(Program());
   }

@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,7 +29,7 @@ class ShellWorld {
   std::vector<std::string> Changes(const std::map<std::string, std::string>& before) const;
 
  private:
-  TempFolder folder_;
+  std::optional<TempFolder> folder_;  ///< the child process would leave one behind
   std::filesystem::path root_;
 };
 
