@@ -1,6 +1,7 @@
 // The copying stages of an install, with the progress dialog drawn, beside "cp -r" of the same
 // files to the same places: 11 sets of 40 files of 1 MiB, the two taking turns, with the sources in
-// memory and then read from the disk. Prints the median of each and their ratio.
+// memory and then read from the disk. Prints median and least time of each and their ratios: on a
+// busy machine the least ones tell more.
 //
 // usage: install_bench [folder to work in]
 
