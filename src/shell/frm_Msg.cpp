@@ -38,8 +38,6 @@ constexpr ButtonSetup kOkSetup{335, 242, "ok", "btn_CheckAll",
                                "Click to answer Yes or to continue."};
 
 std::unique_ptr<frm_Msg> dialog_form;
-/// Whether the window manager's close may answer: in message mode.
-bool answerable = false;
 
 std::string MediaFile(std::string_view name) {
   return platform::ApplicationFolder() + "\\Media\\" + std::string(name);
@@ -83,11 +81,10 @@ void Load(frm_Msg& dialog) {
 }
 
 /// The window manager's close presses the button that means "no", or else the only one there is.
+/// In progress mode there is none.
 void AnswerClose() {
-  if (!answerable || !dialog_form) {
-    return;
-  }
-  for (StandardButton* button : {&dialog_form->btn_Cancel, &dialog_form->btn_OK}) {
+  frm_Msg& dialog = MessageForm();
+  for (StandardButton* button : {&dialog.btn_Cancel, &dialog.btn_OK}) {
     if (button->Visible()) {
       button->Activate();
       return;
@@ -124,7 +121,6 @@ void Center(platform::Form& form) {
 }
 
 void ShowProgressMode(frm_Msg& dialog) {
-  answerable = false;
   OfferButton(dialog.btn_OK, false);
   OfferButton(dialog.btn_Cancel, false);
   Center(dialog.form);
@@ -133,7 +129,6 @@ void ShowProgressMode(frm_Msg& dialog) {
 }
 
 void ShowMessageMode(frm_Msg& dialog, bool show_ok, bool show_cancel) {
-  answerable = true;
   OfferButton(dialog.btn_OK, show_ok);
   OfferButton(dialog.btn_Cancel, show_cancel);
   Center(dialog.form);

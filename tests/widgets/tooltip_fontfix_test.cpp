@@ -4,6 +4,7 @@
 
 #include "platform/forms.h"
 #include "platform/gdi.h"
+#include "platform/real_widgets.h"
 #include "widgets/SkinnedButtons.h"
 #include "widgets/SmallFontFix.h"
 #include "widgets/cls_Tooltip.h"
@@ -90,6 +91,7 @@ TEST_F(FontFix, ScalesByFourFifthsAt120ButButtonsKeepTheirSize) {
   EXPECT_FLOAT_EQ(1200, picture_.Width());
   EXPECT_FLOAT_EQ(1200, button_.Left());
   EXPECT_FLOAT_EQ(platform::Twips(44), button_.Width());
+  EXPECT_EQ(QSize(44, 4 * 44), Widget("btn").findChild<QWidget*>("pic_BG")->size());
 }
 
 }  // namespace

@@ -86,9 +86,10 @@ TEST_F(TransFormTest, WritesTheRecordByteForByte) {
 }
 
 TEST_F(TransFormTest, ALoadedFileShapesTheWindowAndNoNameScans) {
-  WriteText(File("in.dat"), Record(2, {{0, 0, 8, 1}, {2, 1, 6, 4}}));
+  WriteText(File("in.dat"), Record(2, {{2, 1, 6, 4}, {0, 0, 8, 1}}));
   shape_.ShapeMe(form_, 0, true, File("in.dat"));
   EXPECT_EQ(QRegion(0, 0, 8, 1) + QRegion(2, 1, 4, 3), Mask());
+  EXPECT_EQ(Record(2, {{2, 1, 6, 4}, {0, 0, 8, 1}}), ReadText(File("in.dat")));
   Draw("################..######..######");
   shape_.ShapeMe(form_, kKey, true, "");
   EXPECT_EQ(QRegion(0, 2, 2, 2), Mask());
