@@ -131,8 +131,7 @@ bool FindIgnoringCase(const std::string& folder, std::string_view name, std::str
   return true;
 }
 
-OwnFolderChange::OwnFolderChange(std::string folder)
-    : folder_(std::move(folder)), was_valid_(false) {
+OwnFolderChange::OwnFolderChange(std::string folder) : folder_(std::move(folder)) {
   const auto listing = listings.find(folder_);
   FileStamp stamp;
   was_valid_ = listing != listings.end() && FolderStamp(folder_, stamp) &&

@@ -40,7 +40,7 @@ class OwnFolderChange {
   std::string folder_;
   std::string added_;
   std::string removed_;
-  bool was_valid_;
+  bool was_valid_ = false;
 };
 
 }  // namespace platform

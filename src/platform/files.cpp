@@ -111,7 +111,7 @@ FileStatus Deletable(const std::string& host, const struct stat& entry) {
 /// Reads to the end, or to one byte more than `limit`. Returns an errno value.
 int ReadAll(int descriptor, std::size_t expected, std::size_t limit,
             std::vector<std::byte>& bytes) {
-  constexpr std::size_t kGrowth = 64U * 1024U;
+  constexpr std::size_t kGrowth = std::size_t{64} << 10U;
   std::size_t filled = 0;
   bytes.resize(std::min(expected, limit) + 1);  // the byte more finds the end in one call
   for (;;) {

@@ -71,7 +71,7 @@ enum class Durability : std::uint8_t {
 /// Replaces or creates `path` with `bytes`: written beside it under a temporary name, then renamed
 /// over it. On any failure the old file stands untouched and the temporary one is gone. An
 /// existing file that is read-only is not replaced. Keeps the old file's permissions and the
-/// letter case of its name.
+/// letter case of its name. A link is followed and stays; one that leads nowhere is kNotAFile.
 FileStatus ReplaceFile(std::string_view path, std::span<const std::byte> bytes,
                        Durability durability);
 
@@ -93,7 +93,8 @@ void RemoveTemporaries(std::string_view folder);
 
 /// Replaceable device under ReplaceFile, CopyOver and DeleteFile, so that a test can make the n-th
 /// step fail. Each hook gives an errno value to fail with, or 0 to go on. `step` is one of "open",
-/// "write", "flush", "rename", "delete"; `path` is the host's.
+/// "write", "flush", "rename", "delete"; `path` is the host's, of the file to be replaced or
+/// deleted.
 using FailureHook = int (*)(const char* step, const char* path);
 void SetFailureHook(FailureHook hook);
 

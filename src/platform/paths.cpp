@@ -25,11 +25,10 @@ void TakeComponent(std::vector<std::string_view>& components, std::string_view c
   if (component.empty() || component == ".") {
     return;
   }
-  if (component != "..") {
-    components.push_back(component);
-  } else if (!components.empty() && components.back() != "..") {
+  const bool upwards = component == "..";
+  if (upwards && !components.empty() && components.back() != "..") {
     components.pop_back();
-  } else if (!absolute) {
+  } else if (!upwards || !absolute) {
     components.push_back(component);
   }
 }

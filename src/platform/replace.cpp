@@ -223,7 +223,7 @@ int WriteAll(int descriptor, const std::byte* bytes, std::size_t size) {
 }
 
 int CopyByHand(int from, int to, std::size_t size) {
-  constexpr std::size_t kPiece = 256U * 1024U;
+  constexpr std::size_t kPiece = std::size_t{256} << 10U;
   const auto piece = std::make_unique<std::byte[]>(kPiece);
   while (size > 0) {
     const ssize_t count = read(from, piece.get(), std::min(size, kPiece));

@@ -21,7 +21,7 @@ std::string Trim(std::string_view text);
 std::string LowerCase(std::string_view text);
 
 /// Whether two names are the same to a file system that folds case: simple case folding of
-/// Unicode letters, malformed UTF-8 compared byte by byte.
+/// Latin, Greek, Cyrillic and Armenian letters, malformed UTF-8 compared byte by byte.
 bool SameName(std::string_view a, std::string_view b);
 
 /// The key under which SameName compares: equal keys exactly for the same names.
