@@ -20,9 +20,12 @@
 #include "shell/FormLoaded.h"
 #include "shell/Pages.h"
 #include "shell/RefreshMainPage.h"
+#include "shell/RingPage.h"
+#include "shell/frm_About.h"
 #include "shell/frm_Main.h"
 #include "shell/frm_Msg.h"
 #include "shell/frm_Preview.h"
+#include "shell/frm_Sky.h"
 #include "shell/frm_Splash.h"
 #include "shell/mod_GDIP_PagePainting.h"
 #include "shell/mod_Load_Previews.h"
@@ -137,16 +140,24 @@ void DisposeSkyMinis() {
 struct OwnedForm {
   FormId id;
   platform::Form& (*form)();
-  void (*release_shape)();
   void (*release)();
+  void (*release_shape)() = nullptr;  ///< of the shaped windows
 };
 
+/// In the order of their release. The splash has no buttons, so it may stand here for those too.
 constexpr std::array kOwnedForms{
-    OwnedForm{FormId::kMain, MainWindow, [] { MainForm().shape.reset(); }, ReleaseMainForm},
+    OwnedForm{FormId::kMain, MainWindow, ReleaseMainForm, [] { MainForm().shape.reset(); }},
     OwnedForm{FormId::kMsg, []() -> platform::Form& { return MessageForm().form; },
-              [] { MessageForm().shape.reset(); }, ReleaseMessageForm},
+              ReleaseMessageForm, [] { MessageForm().shape.reset(); }},
     OwnedForm{FormId::kSplash, []() -> platform::Form& { return SplashForm().form; },
-              [] { SplashForm().shape.reset(); }, ReleaseSplashForm},
+              ReleaseSplashForm, [] { SplashForm().shape.reset(); }},
+    OwnedForm{FormId::kCloudPage, []() -> platform::Form& { return CloudPage().form; },
+              ReleaseCloudPage},
+    OwnedForm{FormId::kSkyPage, []() -> platform::Form& { return SkyPage().form; }, ReleaseSkyPage},
+    OwnedForm{FormId::kWaterPage, []() -> platform::Form& { return WaterPage().form; },
+              ReleaseWaterPage},
+    OwnedForm{FormId::kAbout, []() -> platform::Form& { return AboutPage().form; },
+              ReleaseAboutPage},
 };
 
 void ReleaseSkinnedButtons(platform::Form& form) {
@@ -171,7 +182,11 @@ void ReleaseButtons() {
 }
 
 void ReleaseShapes() {
-  ForEachLoadedForm([](const OwnedForm& owned) { owned.release_shape(); });
+  ForEachLoadedForm([](const OwnedForm& owned) {
+    if (owned.release_shape != nullptr) {
+      owned.release_shape();
+    }
+  });
 }
 
 void ReleaseForms() {

@@ -4,16 +4,23 @@
 #include <cstddef>
 
 #include "platform/text.h"
+#include "shell/RingPage.h"
+#include "shell/frm_About.h"
 #include "shell/frm_Main.h"
 #include "shell/frm_Msg.h"
 #include "shell/frm_Preview.h"
+#include "shell/frm_Sky.h"
 
 namespace nimbrel {
 
-std::span<const Page> Pages;
-std::string CurrentPage;
-
 namespace {
+
+constexpr std::array kPages{
+    Page{"frm_3d", FormId::kCloudPage, []() -> platform::Form& { return CloudPage().form; }},
+    Page{"frm_sky", FormId::kSkyPage, []() -> platform::Form& { return SkyPage().form; }},
+    Page{"frm_water", FormId::kWaterPage, []() -> platform::Form& { return WaterPage().form; }},
+    Page{"frm_about", FormId::kAbout, []() -> platform::Form& { return AboutPage().form; }},
+};
 
 /// What SetParent gave back when a page was last shown.
 std::array<platform::HWND, static_cast<std::size_t>(FormId::kCount)> SavedParent{};
@@ -58,6 +65,9 @@ void TakeOut(std::string_view name) {
 }
 
 }  // namespace
+
+std::span<const Page> Pages = kPages;
+std::string CurrentPage;
 
 void ShowPage(platform::Form& form) {
   ClosePreview();

@@ -17,7 +17,7 @@ struct Page {
   FormId id;
   platform::Form& (*form)();  ///< loads it
   /// Its native list controls, in the order they are switched on and off. Null: it has none.
-  std::span<platform::Control* const> (*lists)();
+  std::span<platform::Control* const> (*lists)() = nullptr;
 };
 /// Every page, in the order in which ShowPage looks for the one that is up.
 extern std::span<const Page> Pages;

@@ -8,9 +8,13 @@
 #include "settings/mod_Main.h"
 #include "shell/Pages.h"
 #include "shell/RefreshMainPage.h"
+#include "shell/RingActions.h"
+#include "shell/RingPage.h"
+#include "shell/frm_About.h"
 #include "shell/frm_Main.h"
 #include "shell/frm_Msg.h"
 #include "shell/frm_Preview.h"
+#include "shell/frm_Sky.h"
 #include "shell/mod_GDIP_PagePainting.h"
 
 namespace nimbrel {
@@ -27,6 +31,45 @@ void GoHome() {
   CurrentPage = "frm_Main";
   SetPageTitle("Nimbrel Main", "icon_Home.bmp");
   RefreshMainPage();
+}
+
+/// What a button of the navigation column opens.
+struct Opening {
+  platform::Form& (*form)();
+  const char* title;
+  const char* icon;
+  void (*draw)();  ///< null: the page holds nothing that is painted
+  const char* current_page;
+};
+constexpr Opening kClouds{[]() -> platform::Form& { return CloudPage().form; },
+                          "Cloud Texture Options", "icon_3d.bmp", DrawCloudPage, "frm_3d"};
+constexpr Opening kSkies{[]() -> platform::Form& { return SkyPage().form; },
+                         "Sky Backdrop Texture Options", "icon_Sky.bmp", DrawSkyPage, "frm_sky"};
+constexpr Opening kWaters{[]() -> platform::Form& { return WaterPage().form; },
+                          "Water Texture Options", "icon_Water.bmp", DrawWaterPage, "frm_Water"};
+constexpr Opening kAboutNimbrel{[]() -> platform::Form& { return AboutPage().form; },
+                                "About Nimbrel", "icon_About.bmp", nullptr, "frm_About"};
+
+template <const Opening& kOpening>
+void Open() {
+  platform::Form& form = kOpening.form();
+  ShowPage(form);
+  SetPageTitle(kOpening.title, kOpening.icon);
+  if (kOpening.draw != nullptr) {
+    kOpening.draw();
+    form.Refresh();
+  }
+  CurrentPage = kOpening.current_page;
+}
+
+template <void (*kTurn)(TurnDirection), TurnDirection kDirection>
+void Turn() {
+  kTurn(kDirection);
+}
+
+template <void (*kStep)(int), int kBy>
+void Step() {
+  kStep(kBy);
 }
 
 /// The history entry stands before the first file is copied, so that a run that fails half-way can
@@ -70,13 +113,33 @@ struct ClickRow {
   void (*action)();
 };
 
+constexpr auto kClockwise = TurnDirection::kClockwise;
+constexpr auto kCounter = TurnDirection::kCounterclockwise;
+
 constexpr std::array kClicks{
     ClickRow{ButtonClass::kSmall, "frm_Main", "exit", [] { ShutDownProgram(); }},
     ClickRow{ButtonClass::kSmall, "frm_Main", "minimize", Minimize},
     ClickRow{ButtonClass::kMedium, "frm_Main", "home", GoHome},
+    ClickRow{ButtonClass::kMedium, "frm_Main", "3d", Open<kClouds>},
+    ClickRow{ButtonClass::kMedium, "frm_Main", "sky", Open<kSkies>},
+    ClickRow{ButtonClass::kMedium, "frm_Main", "water", Open<kWaters>},
+    ClickRow{ButtonClass::kMedium, "frm_Main", "about", Open<kAboutNimbrel>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "help", OpenHelpFile},
     ClickRow{ButtonClass::kLarge, "frm_Main", "install", Install},
     ClickRow{ButtonClass::kLarge, "frm_Main", "load_history", LoadHistory},
+    ClickRow{ButtonClass::kStandard, "frm_3d", "clockwise", Turn<TurnCloudRing, kClockwise>},
+    ClickRow{ButtonClass::kStandard, "frm_3d", "counterclockwise", Turn<TurnCloudRing, kCounter>},
+    ClickRow{ButtonClass::kStandard, "frm_3d", "left", Step<StepCloudOption, -1>},
+    ClickRow{ButtonClass::kStandard, "frm_3d", "right", Step<StepCloudOption, 1>},
+    ClickRow{ButtonClass::kStandard, "frm_Sky", "clock", Turn<TurnSkyRing, kClockwise>},
+    ClickRow{ButtonClass::kStandard, "frm_Sky", "counter", Turn<TurnSkyRing, kCounter>},
+    ClickRow{ButtonClass::kStandard, "frm_Sky", "left", Step<StepSkyOption, -1>},
+    ClickRow{ButtonClass::kStandard, "frm_Sky", "right", Step<StepSkyOption, 1>},
+    ClickRow{ButtonClass::kStandard, "frm_Water", "clockwise", Turn<TurnWaterRing, kClockwise>},
+    ClickRow{ButtonClass::kStandard, "frm_Water", "counterclockwise",
+             Turn<TurnWaterRing, kCounter>},
+    ClickRow{ButtonClass::kStandard, "frm_Water", "left", Step<StepWaterOption, -1>},
+    ClickRow{ButtonClass::kStandard, "frm_Water", "right", Step<StepWaterOption, 1>},
     ClickRow{ButtonClass::kStandard, "frm_Msg", "ok", AnswerOk},
     ClickRow{ButtonClass::kStandard, "frm_Msg", "cancel", AnswerCancel},
 };

@@ -7,6 +7,7 @@
 #include "settings/mod_Main.h"
 #include "shell/FormLoaded.h"
 #include "shell/MainSwitches.h"
+#include "shell/PageForm.h"
 #include "shell/frm_Preview.h"
 #include "widgets/SmallFontFix.h"
 
@@ -22,8 +23,6 @@ constexpr int kPanelHeight = 450;
 constexpr int kPreviewLeft = 177;
 constexpr int kPreviewTop = 240;
 
-constexpr platform::ColorRef kTextColor = RGB(96, 96, 96);
-constexpr platform::ColorRef kValueColor = RGB(0, 101, 161);
 /// Behind the check boxes, and in the place of a background picture that is missing.
 constexpr platform::ColorRef kPlainColor = RGB(201, 213, 231);
 
@@ -72,9 +71,7 @@ constexpr std::array kLabels{
     LabelRow{&frm_Main::lbl_Check_Sun, 371, 240, 222, 16, "Check to use Replacement Sun"},
     LabelRow{&frm_Main::lbl_Check_Contrails, 371, 256, 222, 16, "Check to use Extended Contrails"},
     LabelRow{&frm_Main::lbl_PreviewText, 4, 423, 587, 16, kPreviewClosedText},
-    // The number is worth reading: 43 pixels from 551 hold the first word alone, so the label keeps
-    // its right edge and reaches further to the left.
-    LabelRow{&frm_Main::lbl_Version, 514, 436, 80, 13, ""},
+    LabelRow{&frm_Main::lbl_Version, 551, 436, 43, 13, ""},
 };
 
 constexpr std::array kHeadings{&frm_Main::Label19, &frm_Main::Label2, &frm_Main::Label11,

@@ -33,7 +33,7 @@ void KeyWhite(const GpImage& image) {
 }  // namespace
 
 void LoadSkyMinis() {
-  const std::string stem = ApplicationFolder() + "\\Media\\Screen Shots\\sky_mini_";
+  const std::string stem = ApplicationFolder() + R"(\Media\Screen Shots\sky_mini_)";
   for (std::size_t i = 0; i < SkyMini.size(); ++i) {
     GdipLoadImageFromFile(stem + std::to_string(i) + ".bmp", SkyMini[i]);
     KeyWhite(SkyMini[i]);

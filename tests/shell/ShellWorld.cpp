@@ -12,9 +12,12 @@
 #include "settings/Catalogue.h"
 #include "settings/Selection.h"
 #include "shell/Pages.h"
+#include "shell/RingPage.h"
+#include "shell/frm_About.h"
 #include "shell/frm_Main.h"
 #include "shell/frm_Msg.h"
 #include "shell/frm_Preview.h"
+#include "shell/frm_Sky.h"
 #include "shell/frm_Splash.h"
 
 namespace fs = std::filesystem;
@@ -118,6 +121,11 @@ ShellWorld::ShellWorld() {
 
 ShellWorld::~ShellWorld() {
   nimbrel::ReleasePreview();
+  nimbrel::HidePage(nimbrel::CurrentPage);
+  nimbrel::ReleaseCloudPage();
+  nimbrel::ReleaseSkyPage();
+  nimbrel::ReleaseWaterPage();
+  nimbrel::ReleaseAboutPage();
   nimbrel::ReleaseMainForm();
   nimbrel::ReleaseMessageForm();
   nimbrel::ReleaseSplashForm();

@@ -40,11 +40,14 @@ struct Navigation : testing::Test {
     Pages = {&kTestPage, 1};
   }
   ~Navigation() override {
-    Pages = {};
+    Pages = pages_;
     ClearFormLoaded(FormId::kFavorite);
     test_page.reset();
   }
   ShellWorld world;
+
+ private:
+  std::span<const Page> pages_ = Pages;
 };
 
 TEST_F(Navigation, APageLiesOverThePanelAndComesOutAgain) {

@@ -1,0 +1,33 @@
+#include "shell/PageForm.h"
+
+#include <string>
+
+#include "platform/system.h"
+#include "widgets/SmallFontFix.h"
+
+namespace nimbrel {
+namespace {
+constexpr float kPageWidth = 8940;   // twips
+constexpr float kPageHeight = 6750;  // twips
+}  // namespace
+
+void PlaceLabel(platform::Label& label, const LabelPlace& place, std::string_view caption) {
+  label.PlacePixels(place.left, place.top, place.width, place.height);
+  label.SetCaption(caption);
+}
+
+void LoadPageForm(platform::Form& form, FormId id, std::string_view background) {
+  FixFormForFontSize(form);
+  form.SetWidth(FontScaleFactor * kPageWidth);
+  form.SetHeight(FontScaleFactor * kPageHeight);
+  SetFormLoaded(id);
+  for (platform::Control* control : form.Controls()) {
+    if (auto* label = dynamic_cast<platform::Label*>(control)) {
+      label->SetForeColor(kTextColor);
+      label->SetTransparent(true);
+    }
+  }
+  form.SetPicture(platform::ApplicationFolder() + "\\Media\\" + std::string(background));
+}
+
+}  // namespace nimbrel
