@@ -1,5 +1,6 @@
 #include <canberra.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <system_error>
@@ -56,13 +57,13 @@ bool PlaySoundA(std::string_view alias, std::uint32_t flags) {
   if (flags != (SND_ALIAS | SND_ASYNC)) {
     return false;
   }
-  for (const AliasSound& sound : kSounds) {
-    if (sound.alias == alias) {
-      sound_listener != nullptr ? sound_listener(alias) : PlayAside(sound.event_id);
-      return true;
-    }
+  const auto* sound = std::find_if(kSounds.begin(), kSounds.end(),
+                                   [alias](const AliasSound& each) { return each.alias == alias; });
+  if (sound == kSounds.end()) {
+    return false;
   }
-  return false;
+  sound_listener != nullptr ? sound_listener(alias) : PlayAside(sound->event_id);
+  return true;
 }
 
 void SetSoundListener(void (*listener)(std::string_view alias)) { sound_listener = listener; }

@@ -1,11 +1,11 @@
 #include "platform/system.h"
 
 #include <langinfo.h>
-#include <locale.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -55,7 +55,7 @@ std::string LocaleMark(bool afternoon) {
 }
 
 std::string HalfDayMark(bool afternoon) {
-  const std::string mark = LocaleMark(afternoon);
+  std::string mark = LocaleMark(afternoon);
   if (!mark.empty()) {
     return mark;
   }
