@@ -167,22 +167,6 @@ class RunOnScreen {
   platform::InputGuard no_second_press_;
 };
 
-void ShowError(const std::string& what) {
-  ShowMessage("Error", kTitle, what + "\r\rPress the checkmark to continue.", true, false, false);
-}
-
-bool InstallOrShowError() {
-  try {
-    InstallSettings();
-    return true;
-  } catch (const RunTimeFailure& failure) {
-    ShowError(failure.what());
-  } catch (const std::exception&) {
-    ShowError("An error has ended the copying of files to Flight Simulator.");
-  }
-  return false;
-}
-
 }  // namespace
 
 void InstallSettings() {
@@ -198,16 +182,32 @@ void InstallSettings() {
   Announce(100, kCompleted);
 }
 
-void InstallAndReport() {
-  if (InstallOrShowError()) {
+std::string RunInstall() {
+  try {
+    InstallSettings();
+    return {};
+  } catch (const RunTimeFailure& failure) {
+    return failure.what();
+  } catch (const std::exception&) {
+    return "An error has ended the copying of files to Flight Simulator.";
+  }
+}
+
+void ReportInstall(const std::string& error) {
+  if (error.empty()) {
     ShowMessage("Information", kTitle,
                 "All environment files have been copied to Flight Simulator.\r\r"
                 "Please press the checkmark to continue.",
                 true, false, false);
+  } else {
+    ShowMessage("Error", kTitle, error + "\r\rPress the checkmark to continue.", true, false,
+                false);
   }
   if (!CopyFailures.empty()) {
     ShowMessage("Exclamation", kTitle, CopyFailureText(), true, false, false);
   }
 }
+
+void InstallAndReport() { ReportInstall(RunInstall()); }
 
 }  // namespace nimbrel
