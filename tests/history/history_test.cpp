@@ -44,28 +44,28 @@ struct Length {
   std::int16_t newest;            ///< Solid of the newest entry
   std::int16_t newest_contrails;  ///< its last field: 0 where the file ends before it
 };
+constexpr Length kLengths[] = {
+    {0, -1, 0, 0},     {35, -1, 0, 0},
+    {36, 0, 0, 1},     {54, 0, 0, 1},  // half an entry more: to even 0
+    {90, 2, 2, 0},                     // half an entry more: to even 2
+    {100, 2, 2, 0},    {1080, 29, 29, 1},
+    {1116, 29, 30, 1}, {5'000'000, 29, 7816, 0},
+};
 
-class HistoryLengths : public testing::TestWithParam<Length> {};
-
-TEST_P(HistoryLengths, GiveEntriesByRounding) {
-  const SimulatorTree tree;
-  WriteText(tree.Program(kFile), NumberedFile(GetParam().bytes));
-  ReadHistory();
-  EXPECT_EQ(GetParam().last_index, HistoryLastIndex);
-  ASSERT_EQ(static_cast<std::size_t>(GetParam().last_index + 1), HistoryEntries.size());
-  if (!HistoryEntries.empty()) {
-    EXPECT_EQ(GetParam().newest, HistoryEntries.back().Solid);
-    EXPECT_EQ(GetParam().newest_contrails, HistoryEntries.back().Contrails);
+TEST(History, LengthGivesEntriesByRounding) {
+  for (const auto& [bytes, last_index, newest, newest_contrails] : kLengths) {
+    SCOPED_TRACE(bytes);
+    const SimulatorTree tree;
+    WriteText(tree.Program(kFile), NumberedFile(bytes));
+    ReadHistory();
+    EXPECT_EQ(last_index, HistoryLastIndex);
+    ASSERT_EQ(static_cast<std::size_t>(last_index + 1), HistoryEntries.size());
+    if (!HistoryEntries.empty()) {
+      EXPECT_EQ(newest, HistoryEntries.back().Solid);
+      EXPECT_EQ(newest_contrails, HistoryEntries.back().Contrails);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(All, HistoryLengths,
-                         testing::Values(Length{0, -1, 0, 0}, Length{35, -1, 0, 0},
-                                         Length{36, 0, 0, 1}, Length{53, 0, 0, 1},
-                                         Length{54, 0, 0, 1},  // half an entry more: to even 0
-                                         Length{90, 2, 2, 0},  // half an entry more: to even 2
-                                         Length{100, 2, 2, 0}, Length{1080, 29, 29, 1},
-                                         Length{1116, 29, 30, 1}, Length{5'000'000, 29, 7816, 0}));
 
 TEST(History, NoFileIsAnEmptyHistory) {
   const SimulatorTree tree;

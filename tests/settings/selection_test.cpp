@@ -48,6 +48,13 @@ TEST(Selection, TakesARecordByFieldAndGivesItBack) {
   RandomizerRecord.Date = 39000;
   EXPECT_EQ(39000, SelectionToRecord(1).Date);
   EXPECT_EQ(40000.25, SelectionToRecord(2).Date);
+
+  SettingsRecord other;
+  other.Sun = 2;
+  other.Contrails = 1;
+  RecordToSelection(other);
+  EXPECT_EQ(0, Switches().chk_Sun.Value());
+  EXPECT_EQ(1, Switches().chk_Contrails.Value());
 }
 
 }  // namespace

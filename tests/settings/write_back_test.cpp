@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <cstring>
 #include <string>
 
@@ -20,7 +19,6 @@ int CountRenames(const char* step, const char*) {
   renames += std::strcmp(step, "rename") == 0 ? 1 : 0;
   return 0;
 }
-int FullDisk(const char* step, const char*) { return std::strcmp(step, "write") == 0 ? ENOSPC : 0; }
 
 /// The catalogue as a user may have edited it: comments, odd spacing, a key above HighestIndex.
 std::string EditedText() {
@@ -53,18 +51,6 @@ TEST(WriteBack, ChangesTheFlagsAndNoOtherByte) {
   expected = With(expected, "baseInhibitRandomizer.1=0", "baseInhibitRandomizer.1=1");
   expected = With(expected, "sunInhibitRandomizer=0", "sunInhibitRandomizer=1");
   EXPECT_EQ(expected, ReadText(tree.Program("NB_Information.cfg")));
-}
-
-TEST(WriteBack, AFullDiskLeavesTheFileWhole) {
-  const SimulatorTree tree;
-  tree.Load(InformationText(1));
-  Switches().chk_Fast.SetValue(1);
-  Catalogue.contrailsInhibitRandomizer = 1;
-  platform::SetFailureHook(FullDisk);
-  WriteMainFlags();
-  WriteInhibitFlags();
-  EXPECT_EQ(InformationText(1), ReadText(tree.Program("NB_Information.cfg")));
-  EXPECT_TRUE(Recorded.messages.empty());
 }
 
 TEST(WriteBack, MainFlagsMakeAMissingFileAnew) {
