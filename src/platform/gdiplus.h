@@ -19,7 +19,11 @@ enum class Status : std::uint8_t { Ok, GenericError, InvalidParameter, OutOfMemo
 
 enum FillMode : std::uint8_t { FillModeAlternate = 0, FillModeWinding = 1 };
 enum Unit : std::uint8_t { UnitPixel = 2 };
-enum CombineMode : std::uint8_t { CombineModeReplace = 0, CombineModeIntersect = 1 };
+enum CombineMode : std::uint8_t {
+  CombineModeReplace = 0,
+  CombineModeIntersect = 1,
+  CombineModeExclude = 4,
+};
 enum SmoothingMode : std::uint8_t { SmoothingModeNone = 3, SmoothingModeAntiAlias = 4 };
 enum TextRenderingHint : std::uint8_t {
   TextRenderingHintSingleBitPerPixel = 2,
@@ -102,6 +106,9 @@ Status GdipLoadImageFromFile(std::string_view path, GpImage& image);
 Status GdipDisposeImage(GpImage& image);
 Status GdipGetImageWidth(const GpImage& image, std::uint32_t& width);
 Status GdipGetImageHeight(const GpImage& image, std::uint32_t& height);
+inline constexpr std::uint32_t ImageFlagsHasAlpha = 2;
+/// ImageFlagsHasAlpha for a picture that may let the background through, else 0.
+Status GdipGetImageFlags(const GpImage& image, std::uint32_t& flags);
 Status GdipBitmapGetPixel(const GpImage& image, int x, int y, ARGB& color);
 Status GdipBitmapSetPixel(const GpImage& image, int x, int y, ARGB color);
 

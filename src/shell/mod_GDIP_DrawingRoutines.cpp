@@ -47,31 +47,39 @@ GpPath RoundedRectangle(const RectF& place, const PictureFrame& frame) {
   return path;
 }
 
-void ClipToPath(const GpGraphics& graphics, const GpPath& path) {
-  GpRegion region;
-  GdipCreateRegionPath(path, region);
-  GdipSetClipRegion(graphics, region, CombineModeIntersect);
+/// Whether every pixel of the frame's inside will be the picture's own.
+bool Covers(const GpImage& image) {
+  std::uint32_t flags = 0;
+  return GdipGetImageFlags(image, flags) == Status::Ok && (flags & ImageFlagsHasAlpha) == 0;
 }
 
-void DrawShadow(const HDC& hdc, const RectF& place, const PictureFrame& frame) {
+/// The translucent shadow. What an opaque picture will cover of it is left out: blending it is the
+/// dearest part of a ring's frame, and nothing of it would be seen.
+void DrawShadow(const HDC& hdc, const RectF& place, const PictureFrame& frame,
+                const GpRegion& covered) {
+  const RectF shadow{place.x + frame.shadow, place.y + frame.shadow, place.width, place.height};
   const GpGraphics graphics = SmoothGraphics(hdc);
-  const GpPath path = RoundedRectangle(place, frame);
+  const GpPath path = RoundedRectangle(shadow, frame);
+  GpRegion region;
   GpBrush brush;
+  GdipCreateRegionPath(path, region);
   GdipCreateSolidFill(kShadowColor, brush);
+  if (covered != nullptr) {
+    GdipSetClipRegion(graphics, covered, CombineModeExclude);
+  }
   GdipDrawPath(graphics, MakePen(kShadowColor, kHairline), path);
-  ClipToPath(graphics, path);
-  GdipFillRectangle(graphics, brush, place.x, place.y, place.width, place.height);
+  GdipSetClipRegion(graphics, region, CombineModeIntersect);
+  GdipFillRectangle(graphics, brush, shadow.x, shadow.y, shadow.width, shadow.height);
 }
 
 /// The border, the picture clipped to it, and the border's inner half once more over the picture.
-void DrawPictureInFrame(const HDC& hdc, const RectF& place, const PictureFrame& frame,
-                        const GpImage& image) {
+void DrawPictureInFrame(const HDC& hdc, const RectF& place, const GpPath& path,
+                        const GpRegion& region, float border, const GpImage& image) {
   const GpGraphics graphics = SmoothGraphics(hdc);
-  const GpPath path = RoundedRectangle(place, frame);
   GdipDrawPath(graphics, MakePen(kBorderColor, kHairline), path);
-  ClipToPath(graphics, path);
+  GdipSetClipRegion(graphics, region, CombineModeIntersect);
   GdipDrawImageRect(graphics, image, place.x, place.y, place.width, place.height);
-  GdipDrawPath(graphics, MakePen(kBorderColor, frame.border), path);
+  GdipDrawPath(graphics, MakePen(kBorderColor, border), path);
 }
 
 struct Line {
@@ -130,17 +138,21 @@ void DrawPageText(const HDC& hdc, RectF layout, std::string_view text, std::stri
 
 void DrawFramedPicture(const HDC& hdc, const RectF& place, const PictureFrame& frame,
                        const GpImage& image) {
-  DrawShadow(hdc, {place.x + frame.shadow, place.y + frame.shadow, place.width, place.height},
-             frame);
-  DrawPictureInFrame(hdc, place, frame, image);
+  const GpPath path = RoundedRectangle(place, frame);
+  GpRegion region;
+  GdipCreateRegionPath(path, region);
+  DrawShadow(hdc, place, frame, Covers(image) ? region : GpRegion());
+  DrawPictureInFrame(hdc, place, path, region, frame.border, image);
 }
 
 void DrawLargePicture(const HDC& hdc, const GpImage& image) {
   constexpr RectF kPlace{0, 5, 267, 200};
-  constexpr PictureFrame kFrame{4, 8, 0, kThick};
-  GdipDrawPath(SmoothGraphics(hdc), MakePen(kShadowColor, kHairline),
-               RoundedRectangle(kPlace, kFrame));
-  DrawPictureInFrame(hdc, kPlace, kFrame, image);
+  const GpPath path =
+      RoundedRectangle(kPlace, {.radius = 4, .diameter = 8, .shadow = 0, .border = 0});
+  GpRegion region;
+  GdipCreateRegionPath(path, region);
+  GdipDrawPath(SmoothGraphics(hdc), MakePen(kShadowColor, kHairline), path);
+  DrawPictureInFrame(hdc, kPlace, path, region, kThick, image);
 }
 
 void DrawTabFrame(const HDC& hdc, int active) {

@@ -20,6 +20,11 @@ void AddArc(GraphicsPath& path, const QRectF& box, float start, float sweep) {
   path.path.arcTo(box, -start, -sweep);
 }
 
+/// What a graphics object that was never clipped draws on.
+QRegion WholeBitmap(const HDC& dc) {
+  return Drawable(dc) ? QRegion(0, 0, dc->bitmap->width, dc->bitmap->height) : QRegion();
+}
+
 /// Outlines are filled shapes here, for every width and mode: the toolkit's own shortcuts for thin
 /// pens place them by other rules, and blend a translucent pen twice where segments meet.
 Status Stroke(const Graphics& graphics, const Pen& pen, const QPainterPath& path) {
@@ -117,8 +122,18 @@ Status GdipSetClipRegion(const GpGraphics& graphics, const GpRegion& region, Com
   if (graphics == nullptr || region == nullptr) {
     return Status::InvalidParameter;
   }
-  const bool intersect = mode == CombineModeIntersect && graphics->clipped;
-  graphics->clip = intersect ? graphics->clip.intersected(region->pixels) : region->pixels;
+  const QRegion before = graphics->clipped ? graphics->clip : WholeBitmap(graphics->dc);
+  switch (mode) {
+    case CombineModeReplace:
+      graphics->clip = region->pixels;
+      break;
+    case CombineModeIntersect:
+      graphics->clip = before.intersected(region->pixels);
+      break;
+    case CombineModeExclude:
+      graphics->clip = before.subtracted(region->pixels);
+      break;
+  }
   graphics->clipped = true;
   return Status::Ok;
 }

@@ -125,6 +125,11 @@ Status GdipGetImageHeight(const GpImage& image, std::uint32_t& height) {
   return image == nullptr ? Status::InvalidParameter : Status::Ok;
 }
 
+Status GdipGetImageFlags(const GpImage& image, std::uint32_t& flags) {
+  flags = image != nullptr && image->pixels.hasAlphaChannel() ? ImageFlagsHasAlpha : 0;
+  return image != nullptr ? Status::Ok : Status::InvalidParameter;
+}
+
 Status GdipBitmapGetPixel(const GpImage& image, int x, int y, ARGB& color) {
   if (!Inside(image, x, y)) {
     return Status::InvalidParameter;

@@ -1,0 +1,177 @@
+// What the rings cost: a frame of the cloud ring (four pictures of 400 by 300 scaled into their
+// slots, with shadows and outlines) beside a bare loop of the same four scaled draws; a whole turn
+// beside its waits; and what 1,000 turns leave behind. Ends with failure when a bound is passed.
+
+#include <fcntl.h>
+#include <malloc.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
+
+#include "platform/forms.h"
+#include "settings/Catalogue.h"
+#include "settings/mod_Main.h"
+#include "shell/Pages.h"
+#include "shell/RefreshMainPage.h"
+#include "shell/RingActions.h"
+#include "shell/RingPage.h"
+#include "shell/frm_Main.h"
+#include "shell/mod_GDIP_Rings.h"
+
+namespace {
+
+long opened_files = 0;
+
+}  // namespace
+
+// Every open of the process and its libraries comes through here and is counted.
+extern "C" int open64(const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const int mode = (flags & O_CREAT) != 0 ? va_arg(arguments, int) : 0;
+  va_end(arguments);
+  ++opened_files;
+  return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+}
+
+// What the shell asks of the layer above it.
+[[noreturn]] void nimbrel::ShutDownProgram() { std::_Exit(EXIT_FAILURE); }
+
+namespace {
+
+using nimbrel::TurnDirection;
+using Clock = std::chrono::steady_clock;
+
+constexpr int kFrameRounds = 200;
+constexpr int kTurnRounds = 20;
+constexpr int kManyTurns = 1000;
+constexpr double kMostFrame = 6.0;  // milliseconds
+constexpr double kMostFrameRatio = 1.5;
+constexpr double kMostTurnRatio = 1.10;
+constexpr double kWaits = 5 * 25.0;  // milliseconds
+constexpr std::array<int, 4> kSlots{5, 10, 15, 0};
+
+double Since(Clock::time_point start) {
+  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+double Median(std::vector<double> times) {
+  std::nth_element(times.begin(), times.begin() + static_cast<long>(times.size() / 2), times.end());
+  return times[times.size() / 2];
+}
+
+QImage MakePicture(int group) {
+  QImage picture(400, 300, QImage::Format_RGB32);
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      picture.setPixel(x, y, qRgb((x * 7 + group * 50) & 255, (y * 5) & 255, (x * y / 16) & 255));
+    }
+  }
+  return picture;
+}
+
+std::vector<QImage> FillCatalogue(const std::filesystem::path& folder) {
+  std::vector<QImage> pictures;
+  auto& table = nimbrel::Catalogue.Tables[nimbrel::kCloud];
+  table.Create(4, 0);
+  for (std::int16_t group = 0; group < 4; ++group) {
+    const auto file = folder / ("picture" + std::to_string(group) + ".bmp");
+    MakePicture(group).save(QString::fromStdString(file.string()));
+    platform::GdipLoadImageFromFile(file.string(), table.Cell(group, 0)->Preview);
+    pictures.emplace_back(QString::fromStdString(file.string()));
+  }
+  return pictures;
+}
+
+double OurFrame(nimbrel::RingPage& page) {
+  const auto start = Clock::now();
+  for (std::int16_t group = 0; group < 4; ++group) {
+    nimbrel::DrawRingPicture(page, kSlots[static_cast<std::size_t>(group)], {group, 0});
+  }
+  return Since(start);
+}
+
+double BareFrame(QImage& surface, const std::vector<QImage>& pictures) {
+  const auto start = Clock::now();
+  QPainter painter(&surface);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  for (std::size_t group = 0; group < pictures.size(); ++group) {
+    const auto& slot = nimbrel::CloudOrbit[static_cast<std::size_t>(kSlots[group])];
+    painter.drawImage(QRect(slot.left, slot.top, slot.width, slot.height), pictures[group]);
+  }
+  painter.end();
+  return Since(start);
+}
+
+bool FramesHold(nimbrel::RingPage& page, const std::vector<QImage>& pictures) {
+  QImage surface(596, 450, QImage::Format_RGB32);
+  std::vector<double> ours;
+  std::vector<double> bare;
+  for (int round = 0; round < kFrameRounds; ++round) {
+    ours.push_back(OurFrame(page));
+    bare.push_back(BareFrame(surface, pictures));
+  }
+  const double frame = Median(ours);
+  const double ratio = frame / Median(bare);
+  std::printf("frame: %.2f ms, bare draws %.2f ms, ratio %.2f (at most %.1f ms and %.1f)\n", frame,
+              Median(bare), ratio, kMostFrame, kMostFrameRatio);
+  return frame <= kMostFrame && ratio <= kMostFrameRatio;
+}
+
+bool TurnsHold() {
+  std::vector<double> turns;
+  for (int round = 0; round < kTurnRounds; ++round) {
+    const auto start = Clock::now();
+    nimbrel::TurnCloudRing(TurnDirection::kClockwise);
+    turns.push_back(Since(start));
+  }
+  const double ratio = Median(turns) / kWaits;
+  std::printf("turn: %.1f ms, %.3f of its waits (at most %.2f)\n", Median(turns), ratio,
+              kMostTurnRatio);
+  return ratio <= kMostTurnRatio;
+}
+
+bool NothingStays() {
+  nimbrel::TurnCloudRing(TurnDirection::kClockwise);
+  const std::size_t held = mallinfo2().uordblks;
+  const long opened = opened_files;
+  for (int turn = 0; turn < kManyTurns; ++turn) {
+    nimbrel::TurnCloudRing(turn % 2 == 0 ? TurnDirection::kClockwise
+                                         : TurnDirection::kCounterclockwise);
+  }
+  const auto grown = static_cast<long>(mallinfo2().uordblks) - static_cast<long>(held);
+  std::printf("%d turns: %ld files opened, %ld bytes more held\n", kManyTurns,
+              opened_files - opened, grown);
+  return opened_files == opened && grown < 64 * 1024;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const platform::Application application(argc, argv);
+  std::string name = (std::filesystem::temp_directory_path() / "nimbrel-rings-XXXXXX").string();
+  const std::filesystem::path folder = mkdtemp(name.data());
+  const std::vector<QImage> pictures = FillCatalogue(folder);
+  nimbrel::RingPage& page = nimbrel::CloudPage();
+  nimbrel::RefreshMainPage();
+  nimbrel::MainForm().form.Show();
+  nimbrel::ShowPage(page.form);
+  nimbrel::DrawCloudPage();
+  std::printf("screen: %s\n", QGuiApplication::platformName().toUtf8().constData());
+  const bool counts = opened_files > 0;  // else the count below would prove nothing
+  const bool held = FramesHold(page, pictures) && TurnsHold() && NothingStays() && counts;
+  std::filesystem::remove_all(folder);
+  std::fflush(stdout);
+  _exit(held ? EXIT_SUCCESS : EXIT_FAILURE);
+}
