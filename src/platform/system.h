@@ -33,10 +33,10 @@ void SetClock(double (*now)());
 
 /// An automation date taken apart, by the proleptic Gregorian calendar, rounded to the second.
 struct DateParts {
-  int year;    ///< 100 to 9999
-  int month;   ///< 1 to 12
-  int day;     ///< 1 to 31
-  int hour;    ///< 0 to 23
+  int year;   ///< 100 to 9999
+  int month;  ///< 1 to 12
+  int day;    ///< 1 to 31
+  int hour;   ///< 0 to 23
   int minute;
   int second;
 };

@@ -17,7 +17,8 @@ constexpr uid_t kNobody = 65534;
 TempFolder::TempFolder() {
   std::string name = (fs::temp_directory_path() / "nimbrel-test-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr) {
-    throw fs::filesystem_error("no temporary folder", name, std::make_error_code(std::errc::io_error));
+    throw fs::filesystem_error("no temporary folder", name,
+                               std::make_error_code(std::errc::io_error));
   }
   path_ = fs::canonical(name);
 }
