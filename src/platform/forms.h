@@ -55,13 +55,18 @@ enum MousePointerCode : std::int16_t {
 struct Screen {
   static float TwipsPerPixelX() { return kTwipsPerPixel; }
   static float TwipsPerPixelY() { return kTwipsPerPixel; }
-  static float Width();   ///< of the primary screen's work area, twips
+  static float Width();  ///< of the primary screen's work area, twips
   static float Height();
   static void SetMousePointer(MousePointerCode code);
   static MousePointerCode MousePointer();
 };
 
-enum MouseButton : std::int16_t { kNoButton = 0, kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
+enum MouseButton : std::int16_t {
+  kNoButton = 0,
+  kLeftButton = 1,
+  kRightButton = 2,
+  kMiddleButton = 4
+};
 
 /// A mouse event in a control: the button pressed or released, or for a move the buttons held (a
 /// sum), and the place in pixels of the control.
@@ -82,7 +87,14 @@ struct Font {
 };
 
 enum class ControlKind : std::uint8_t {
-  kForm, kPictureBox, kUserControl, kLabel, kCheckBox, kComboBox,
+  kForm,
+  kPictureBox,
+  kUserControl,
+  kLabel,
+  kCheckBox,
+  kComboBox,
+  kListBox,
+  kTextBox,
 };
 
 /// A picture for a pointer; empty when it failed to load.
@@ -162,10 +174,11 @@ class Container : public Control {
   /// The context of the retained bitmap: 32-bit, the size of the client area. Drawing shows at the
   /// next Refresh or repaint.
   HDC hDC() const;
-  /// Resets the retained bitmap to the picture over the background colour, and marks it for repainting.
+  /// Resets the retained bitmap to the picture over the background colour, and marks it for
+  /// repainting.
   void Cls();
-  /// Puts the retained bitmap and the controls above it on the screen at once, whole, without running
-  /// the user's events.
+  /// Puts the retained bitmap and the controls above it on the screen at once, whole, without
+  /// running the user's events.
   void Refresh();
   /// Loads the background picture, drawn at the top left unscaled, and does Cls. False, and the
   /// picture as it was, when the file is missing or no picture.
@@ -175,7 +188,7 @@ class Container : public Control {
 
   float ScaleWidth() const;  ///< client area in pixels
   float ScaleHeight() const;
-  void SetScaleWidth(float) {}   ///< pixel scale is fixed; kept for the font fix
+  void SetScaleWidth(float) {}  ///< pixel scale is fixed; kept for the font fix
   void SetScaleHeight(float) {}
 
   std::function<void()> Resize;
@@ -262,10 +275,73 @@ class ComboBox : public Control {
   void Clear();
   void AddItem(std::string_view text, std::int32_t item_data);
   int ListCount() const;
-  std::string List(int row) const;          ///< empty text outside the list
-  std::int32_t ItemData(int row) const;     ///< 0 outside the list
-  int ListIndex() const;                    ///< -1: no selection
+  std::string List(int row) const;       ///< empty text outside the list
+  std::int32_t ItemData(int row) const;  ///< 0 outside the list
+  int ListIndex() const;                 ///< -1: no selection
   void SetListIndex(int row);
+};
+
+enum ListStyle : std::uint8_t {
+  kPlainList = 0,
+  kCheckedList = 1,  ///< a check box in each row
+  kSortedList = 2,   ///< by text without case, independent of the locale, equal texts as they came
+};
+
+/// A list of rows, each with a number. Click comes when the user has picked a row, also the one
+/// that is picked already, by mouse or keyboard; never for what the program does. Mouse events,
+/// DblClick among them, are not told.
+class ListBox : public Control {
+ public:
+  /// `style` is a sum of ListStyle.
+  ListBox(Container& container, std::string_view name, unsigned style = kPlainList);
+  ControlKind Kind() const override { return ControlKind::kListBox; }
+  void Clear();
+  /// The row where the list has put the item. It moves no selection.
+  int AddItem(std::string_view text, std::int32_t item_data = 0);
+  int ListCount() const;
+  std::string List(int row) const;       ///< empty text outside the list
+  std::int32_t ItemData(int row) const;  ///< 0 outside the list
+  void SetItemData(int row, std::int32_t item_data);
+  int ListIndex() const;  ///< -1: no selection
+  void SetListIndex(int row);
+  int TopIndex() const;  ///< the first row in sight; -1 in an empty list
+  void SetTopIndex(int row);
+  /// Whether the row's box is checked; in a list without boxes, whether it is the selected row.
+  bool Selected(int row) const;
+  void SetSelected(int row, bool selected);
+  /// Heights are taken as given here; kept for the font fix.
+  void SetIntegralHeight(bool) {}
+  void SetForeColor(ColorRef color);
+  void SetBackColor(ColorRef color) override;
+
+  /// The user has checked or unchecked the row's box; a Click may follow.
+  std::function<void(int row)> ItemCheck;
+};
+
+enum class TextLines : std::uint8_t { kOne, kSeveral };
+
+/// An edit field. Positions and lengths are characters of Text, in which a line end is two, CR and
+/// LF. Of the mouse events only DblClick is told.
+class TextBox : public Control {
+ public:
+  TextBox(Container& container, std::string_view name, TextLines lines = TextLines::kOne);
+  ControlKind Kind() const override { return ControlKind::kTextBox; }
+  std::string Text() const;
+  /// CR, LF and CRLF are line ends; one line shows them as blanks.
+  void SetText(std::string_view text);
+  /// The most that Text may hold, whoever enters it: characters as code page 1252 stores them, one
+  /// byte each. Text beyond it is cut off. 0: no limit.
+  void SetMaxLength(int characters);
+  int SelStart() const;
+  int SelLength() const;
+  void Select(int start, int length);
+  void SetFocus();
+  void SetForeColor(ColorRef color);
+  void SetBackColor(ColorRef color) override;
+
+  /// It has the keyboard now. Coming back from another window is none.
+  std::function<void()> GotFocus;
+  std::function<void()> Change;
 };
 
 }  // namespace platform

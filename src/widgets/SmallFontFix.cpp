@@ -32,8 +32,15 @@ void ScaleInnerWidth(Control& control, float factor) {
   container.SetScaleWidth(container.ScaleWidth() * factor);
 }
 
+/// A list that snaps to whole rows would not take the height it is given.
+void TakeAnyHeight(Control& control, float) {
+  static_cast<platform::ListBox&>(control).SetIntegralHeight(false);
+}
+
 constexpr std::array<ScaleStep, 6> kPictureBoxSteps = {
     ScaleWidthOf, ScaleHeightOf, ScaleTopOf, ScaleLeftOf, ScaleInnerHeight, ScaleInnerWidth};
+constexpr std::array<ScaleStep, 5> kListBoxSteps = {TakeAnyHeight, ScaleWidthOf, ScaleHeightOf,
+                                                    ScaleTopOf, ScaleLeftOf};
 constexpr std::array<ScaleStep, 4> kOtherSteps = {ScaleWidthOf, ScaleHeightOf, ScaleTopOf,
                                                   ScaleLeftOf};
 
@@ -42,8 +49,9 @@ struct KindSteps {
   std::span<const ScaleStep> steps;
 };
 /// What is scaled, by the control's kind and in this order; a kind without a row takes kOtherSteps.
-constexpr std::array<KindSteps, 1> kSteps = {{
+constexpr std::array<KindSteps, 2> kSteps = {{
     {platform::ControlKind::kPictureBox, kPictureBoxSteps},
+    {platform::ControlKind::kListBox, kListBoxSteps},
 }};
 
 std::span<const ScaleStep> StepsOf(platform::ControlKind kind) {

@@ -3,6 +3,8 @@
 #include <QCloseEvent>
 #include <QEvent>
 #include <QMouseEvent>
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "platform/qt/forms_shown.h"
@@ -29,10 +31,11 @@ MouseEvent ToMouseEvent(const QMouseEvent& event, std::int16_t button) {
           static_cast<int>(std::floor(event.position().y()))};
 }
 
-/// Check and combo boxes act on the mouse themselves and tell their Click otherwise.
+/// These act on the mouse themselves and tell their Click and DblClick otherwise.
 bool ActsByItself(const NativeWindow& window) {
-  const ControlKind kind = window.control->Kind();
-  return kind == ControlKind::kCheckBox || kind == ControlKind::kComboBox;
+  constexpr std::array kKinds{ControlKind::kCheckBox, ControlKind::kComboBox, ControlKind::kListBox,
+                              ControlKind::kTextBox};
+  return std::find(kKinds.begin(), kKinds.end(), window.control->Kind()) != kKinds.end();
 }
 
 /// A label without handlers is as good as painted on its container.
@@ -49,7 +52,7 @@ void OnPress(NativeWindow& window, const QMouseEvent& event, std::int16_t button
 
 /// With no handler of its own a fast second press counts like the first.
 void OnDoublePress(NativeWindow& window, const QMouseEvent& event, std::int16_t button) {
-  if (button != kLeftButton || !window.control->DblClick) {
+  if (button != kLeftButton || !window.control->DblClick || ActsByItself(window)) {
     OnPress(window, event, button);
     return;
   }
