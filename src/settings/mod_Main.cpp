@@ -12,6 +12,9 @@
 #include "platform/forms.h"
 #include "platform/gdiplus.h"
 #include "platform/system.h"
+#include "randomizer/frm_RandomizerConstraints.h"
+#include "randomizer/frm_RandomizerOverview.h"
+#include "randomizer/mod_Randomizer.h"
 #include "settings/Catalogue.h"
 #include "settings/Functions_Configuration.h"
 #include "settings/Selection.h"
@@ -81,6 +84,7 @@ void BringBackLastState() {
                    [](const SettingsRecord& entry) { return entry.Source == 1; });
   if (randomized != HistoryEntries.rend()) {
     RandomizerRecord = *randomized;
+    FillRandomizerOverview();
   }
 }
 
@@ -103,9 +107,10 @@ void SaveSettings() {
   }
 }
 
+/// Loads the constraint pages that were never opened, so it is not for a catalogue half read.
 void SaveInhibitFlags() {
-  if (!start_failed) {
-    WriteInhibitFlags();
+  if (!start_failed && ConfigurationLoaded()) {
+    SaveConstraints();
   }
 }
 
@@ -156,6 +161,17 @@ constexpr std::array kOwnedForms{
     OwnedForm{FormId::kSkyPage, []() -> platform::Form& { return SkyPage().form; }, ReleaseSkyPage},
     OwnedForm{FormId::kWaterPage, []() -> platform::Form& { return WaterPage().form; },
               ReleaseWaterPage},
+    OwnedForm{FormId::kRandomizerOverview,
+              []() -> platform::Form& { return RandomizerOverview().form; },
+              ReleaseRandomizerOverview},
+    OwnedForm{FormId::kRandomizerCloud,
+              []() -> platform::Form& { return RandomizerPage(kCloud).form; },
+              [] { ReleaseRandomizerPage(kCloud); }},
+    OwnedForm{FormId::kRandomizerSky, []() -> platform::Form& { return RandomizerPage(kSky).form; },
+              [] { ReleaseRandomizerPage(kSky); }},
+    OwnedForm{FormId::kRandomizerWater,
+              []() -> platform::Form& { return RandomizerPage(kWater).form; },
+              [] { ReleaseRandomizerPage(kWater); }},
     OwnedForm{FormId::kAbout, []() -> platform::Form& { return AboutPage().form; },
               ReleaseAboutPage},
 };

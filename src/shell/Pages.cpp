@@ -4,6 +4,9 @@
 #include <cstddef>
 
 #include "platform/text.h"
+#include "randomizer/frm_RandomizerConstraints.h"
+#include "randomizer/frm_RandomizerOverview.h"
+#include "settings/Catalogue.h"
 #include "shell/RingPage.h"
 #include "shell/frm_About.h"
 #include "shell/frm_Main.h"
@@ -15,10 +18,26 @@ namespace nimbrel {
 
 namespace {
 
+template <std::int16_t kFamily>
+platform::Form& RandomizerForm() {
+  return RandomizerPage(kFamily).form;
+}
+template <std::int16_t kFamily>
+std::span<platform::Control* const> RandomizerLists() {
+  return RandomizerPage(kFamily).list_controls;
+}
+
 constexpr std::array kPages{
     Page{"frm_3d", FormId::kCloudPage, []() -> platform::Form& { return CloudPage().form; }},
     Page{"frm_sky", FormId::kSkyPage, []() -> platform::Form& { return SkyPage().form; }},
     Page{"frm_water", FormId::kWaterPage, []() -> platform::Form& { return WaterPage().form; }},
+    Page{"frm_randomizeroverview", FormId::kRandomizerOverview,
+         []() -> platform::Form& { return RandomizerOverview().form; }},
+    Page{"frm_randomizercloud", FormId::kRandomizerCloud, RandomizerForm<kCloud>,
+         RandomizerLists<kCloud>},
+    Page{"frm_randomizersky", FormId::kRandomizerSky, RandomizerForm<kSky>, RandomizerLists<kSky>},
+    Page{"frm_randomizerwater", FormId::kRandomizerWater, RandomizerForm<kWater>,
+         RandomizerLists<kWater>},
     Page{"frm_about", FormId::kAbout, []() -> platform::Form& { return AboutPage().form; }},
 };
 

@@ -1,11 +1,16 @@
 #include <array>
+#include <exception>
 #include <string>
 #include <string_view>
 
 #include "history/mod_History.h"
 #include "install/mod_Install.h"
+#include "randomizer/frm_RandomizerConstraints.h"
+#include "randomizer/frm_RandomizerTabs.h"
+#include "randomizer/mod_Randomizer.h"
 #include "settings/Selection.h"
 #include "settings/mod_Main.h"
+#include "settings/mod_WriteConfiguration.h"
 #include "shell/Pages.h"
 #include "shell/RefreshMainPage.h"
 #include "shell/RingActions.h"
@@ -19,6 +24,9 @@
 
 namespace nimbrel {
 namespace {
+
+constexpr std::int16_t kRandomizeAndInstall = 2;  ///< of PendingMessageAction
+constexpr const char* kRandomizeTitle = "Randomize Settings?";
 
 void Minimize() { MainForm().form.Minimize(); }
 
@@ -72,6 +80,12 @@ void Step() {
   kStep(kBy);
 }
 
+/// The group by its place in kOptionGroups.
+template <std::size_t kGroup>
+void CheckAll() {
+  CheckAllOptions(kGroup);
+}
+
 /// The history entry stands before the first file is copied, so that a run that fails half-way can
 /// be done again from the list.
 void Install() {
@@ -95,8 +109,48 @@ void LoadHistory() {
               true, false, false);
 }
 
+void AskToRandomize() {
+  PendingMessageAction = kRandomizeAndInstall;
+  ShowMessage("Question", kRandomizeTitle,
+              "You are about to randomize the Nimbrel settings and save those changes into Flight "
+              "Simulator.\r\rDo you wish to continue?",
+              true, true, false);
+}
+
+/// Everything before the first file of the simulator is touched. The reason why it broke off, or
+/// empty text.
+std::string DrawAndRecord() {
+  try {
+    RandomizeSelection();
+    ApplyRandomSelection();
+    ShowRandomizerPage(RandomizerTab::kOverview);
+    WriteInhibitFlags();
+    AppendHistory(1);
+    return {};
+  } catch (const std::exception& failure) {
+    return failure.what();
+  }
+}
+
+/// The question is still open while all of this runs inside its OK. It is answered before the next
+/// message stands: an OK to that one must not draw again.
+void RandomizeAndInstall() {
+  const std::string unrecorded = DrawAndRecord();
+  const std::string error = unrecorded.empty() ? RunInstall() : unrecorded;
+  PendingMessageAction = 0;
+  if (unrecorded.empty()) {
+    ReportInstall(error);
+  } else {
+    ShowMessage("Error", kRandomizeTitle, error + "\r\rPress the checkmark to continue.", true,
+                false, false);
+  }
+}
+
 void AnswerOk() {
   MessageAnswer = 1;
+  if (PendingMessageAction == kRandomizeAndInstall) {
+    RandomizeAndInstall();
+  }
   HidePage("frm_msg");
 }
 
@@ -123,6 +177,8 @@ constexpr std::array kClicks{
     ClickRow{ButtonClass::kMedium, "frm_Main", "3d", Open<kClouds>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "sky", Open<kSkies>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "water", Open<kWaters>},
+    ClickRow{ButtonClass::kMedium, "frm_Main", "randomizer",
+             [] { OpenRandomizerTab(RandomizerTab::kOverview); }},
     ClickRow{ButtonClass::kMedium, "frm_Main", "about", Open<kAboutNimbrel>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "help", OpenHelpFile},
     ClickRow{ButtonClass::kLarge, "frm_Main", "install", Install},
@@ -140,6 +196,18 @@ constexpr std::array kClicks{
              Turn<TurnWaterRing, kCounter>},
     ClickRow{ButtonClass::kStandard, "frm_Water", "left", Step<StepWaterOption, -1>},
     ClickRow{ButtonClass::kStandard, "frm_Water", "right", Step<StepWaterOption, 1>},
+    ClickRow{ButtonClass::kLarge, "frm_RandomizerOverview", "randomize", AskToRandomize},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerCloud", "solid_checkall", CheckAll<0>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerCloud", "stratus_checkall", CheckAll<1>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerCloud", "wispy_checkall", CheckAll<2>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerCloud", "cirrus_checkall", CheckAll<3>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerSky", "sunrise_checkall", CheckAll<4>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerSky", "day_checkall", CheckAll<5>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerSky", "sunset_checkall", CheckAll<6>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerSky", "night_checkall", CheckAll<7>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerWater", "base_checkall", CheckAll<8>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerWater", "environment_checkall", CheckAll<9>},
+    ClickRow{ButtonClass::kStandard, "frm_RandomizerWater", "waves_checkall", CheckAll<10>},
     ClickRow{ButtonClass::kStandard, "frm_Msg", "ok", AnswerOk},
     ClickRow{ButtonClass::kStandard, "frm_Msg", "cancel", AnswerCancel},
 };

@@ -1,6 +1,7 @@
 #include "shell/frm_Preview.h"
 
 #include "platform/system.h"
+#include "randomizer/frm_RandomizerOverview.h"
 #include "shell/FormLoaded.h"
 #include "shell/frm_Main.h"
 #include "shell/mod_GDIP_PagePainting.h"
@@ -15,7 +16,12 @@ constexpr int kHeight = 210;
 /// The window it was a child of before it went onto a page.
 platform::HWND PreviewParent = nullptr;
 
-void SetHints(const char* text) { MainForm().lbl_PreviewText.SetCaption(text); }
+void SetHints(const char* text) {
+  MainForm().lbl_PreviewText.SetCaption(text);
+  if (IsFormLoaded(FormId::kRandomizerOverview)) {
+    RandomizerOverview().lbl_PreviewText.SetCaption(text);
+  }
+}
 
 }  // namespace
 

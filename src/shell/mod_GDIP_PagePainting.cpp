@@ -3,12 +3,26 @@
 #include <string>
 
 #include "platform/system.h"
+#include "randomizer/frm_RandomizerOverview.h"
 #include "settings/Catalogue.h"
 #include "shell/frm_Main.h"
 #include "shell/frm_Preview.h"
 #include "shell/mod_GDIP_DrawingRoutines.h"
 
 namespace nimbrel {
+namespace {
+
+platform::RectF Place(int left, int top, int width, int height) {
+  return {static_cast<float>(left), static_cast<float>(top), static_cast<float>(width),
+          static_cast<float>(height)};
+}
+
+void DrawSmallPreview(const platform::Container& surface, const platform::RectF& place,
+                      const platform::GpImage& image) {
+  DrawFramedPicture(surface.hDC(), place, kSummaryFrame, image);
+}
+
+}  // namespace
 
 void SetPageTitle(std::string_view title, std::string_view icon_file) {
   frm_Main& main = MainForm();
@@ -23,10 +37,14 @@ void SetPageTitle(std::string_view title, std::string_view icon_file) {
 
 void DrawSummaryPreview(int left, int top, int width, int height, std::int16_t family,
                         std::int16_t group, std::int16_t option) {
-  const platform::RectF place{static_cast<float>(left), static_cast<float>(top),
-                              static_cast<float>(width), static_cast<float>(height)};
-  DrawFramedPicture(MainForm().pic_Main.hDC(), place, kSummaryFrame,
-                    Catalogue.At(family, group, option).Preview);
+  DrawSmallPreview(MainForm().pic_Main, Place(left, top, width, height),
+                   Catalogue.At(family, group, option).Preview);
+}
+
+void DrawOverviewPreview(int left, int top, int width, int height, std::int16_t family,
+                         std::int16_t group, std::int16_t option) {
+  DrawSmallPreview(RandomizerOverview().form, Place(left, top, width, height),
+                   Catalogue.At(family, group, option).Preview);
 }
 
 void DrawLargePreview(std::int16_t family, std::int16_t group, std::int16_t option) {

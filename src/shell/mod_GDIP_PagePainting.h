@@ -13,6 +13,9 @@ void SetPageTitle(std::string_view title, std::string_view icon_file);
 /// One small preview on pic_Main.
 void DrawSummaryPreview(int left, int top, int width, int height, std::int16_t family,
                         std::int16_t group, std::int16_t option);
+/// One small preview on frm_RandomizerOverview.
+void DrawOverviewPreview(int left, int top, int width, int height, std::int16_t family,
+                         std::int16_t group, std::int16_t option);
 /// The picture on frm_Preview.
 void DrawLargePreview(std::int16_t family, std::int16_t group, std::int16_t option);
 

@@ -9,6 +9,8 @@
 #include <iostream>
 
 #include "platform/system.h"
+#include "randomizer/frm_RandomizerConstraints.h"
+#include "randomizer/frm_RandomizerOverview.h"
 #include "settings/Catalogue.h"
 #include "settings/Selection.h"
 #include "shell/Pages.h"
@@ -125,6 +127,10 @@ ShellWorld::~ShellWorld() {
   nimbrel::ReleaseCloudPage();
   nimbrel::ReleaseSkyPage();
   nimbrel::ReleaseWaterPage();
+  nimbrel::ReleaseRandomizerOverview();
+  for (const std::int16_t family : {nimbrel::kCloud, nimbrel::kSky, nimbrel::kWater}) {
+    nimbrel::ReleaseRandomizerPage(family);
+  }
   nimbrel::ReleaseAboutPage();
   nimbrel::ReleaseMainForm();
   nimbrel::ReleaseMessageForm();
@@ -194,10 +200,15 @@ void Answers::Answer() {
     return;
   }
   nimbrel::frm_Msg& dialog = nimbrel::MessageForm();
-  if (dialog.form.Visible() && dialog.btn_OK.Visible()) {
+  if (!pressing_ && dialog.form.Visible() && dialog.btn_OK.Visible()) {
     titles.push_back(dialog.lbl_Title.Caption());
     texts.push_back(dialog.lbl_Message.Caption());
     std::cerr << texts.back() << '\n';
-    Press("frm_Msg", "btn_OK");
+    // A timer does not fire inside its own slot, and an OK may bring up the next message.
+    pressing_ = true;
+    QTimer::singleShot(0, &timer_, [this] {
+      pressing_ = false;
+      Press("frm_Msg", "btn_OK");
+    });
   }
 }

@@ -54,4 +54,5 @@ class Answers {
  private:
   void Answer();
   QTimer timer_;
+  bool pressing_ = false;
 };
