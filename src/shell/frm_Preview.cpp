@@ -39,7 +39,7 @@ frm_Preview::frm_Preview() {
 
 frm_Preview& PreviewForm() {
   // Lives to the end of the process: static objects end after the toolkit does.
-  static frm_Preview* const preview = new frm_Preview;
+  static auto* const preview = new frm_Preview;
   return *preview;
 }
 
