@@ -283,7 +283,7 @@ class ComboBox : public Control {
 
 enum ListStyle : std::uint8_t {
   kPlainList = 0,
-  kCheckedList = 1,  ///< a check box in each row
+  kCheckedList = 1,  ///< a check box in each row, which a click anywhere on the row toggles
   kSortedList = 2,   ///< by text without case, independent of the locale, equal texts as they came
 };
 

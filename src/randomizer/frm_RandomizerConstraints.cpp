@@ -58,13 +58,16 @@ constexpr std::array<ConstraintListLook, 3> kWaterLists{{
   "the options you would like to be available to the randomizer.  Leave an item unchecked and "  \
   "it will not be selected by the randomizer."
 
+/// That of the page's background picture, behind the check boxes.
+constexpr platform::ColorRef kPageColor = platform::RGB(201, 213, 231);
+
 /// By family.
 constexpr std::array<ConstraintPageLook, kFamilies> kLooks{{
-    {"frm_RandomizerCloud", FormId::kRandomizerCloud, kCloud, RandomizerTab::kClouds,
+    {"frm_RandomizerCloud", FormId::kRandomizerCloud, kCloud, RandomizerTab::kCloudsTab,
      NIMBREL_CONSTRAINT_HELP("cloud"), true, kCloudLists},
-    {"frm_RandomizerSky", FormId::kRandomizerSky, kSky, RandomizerTab::kSky,
+    {"frm_RandomizerSky", FormId::kRandomizerSky, kSky, RandomizerTab::kSkyTab,
      NIMBREL_CONSTRAINT_HELP("sky"), false, kSkyLists},
-    {"frm_RandomizerWater", FormId::kRandomizerWater, kWater, RandomizerTab::kWater,
+    {"frm_RandomizerWater", FormId::kRandomizerWater, kWater, RandomizerTab::kWaterTab,
      NIMBREL_CONSTRAINT_HELP("water"), false, kWaterLists},
 }};
 #undef NIMBREL_CONSTRAINT_HELP
@@ -178,6 +181,9 @@ void ConstraintPage::MakeSwitchBoxes() {
   chk_Contrails->PlacePixels(15, 416, 561, 19);
   chk_Contrails->SetCaption(
       "Check to allow the randomizer to select to use the extended contrails");
+  for (platform::CheckBox* box : {&*chk_Sun, &*chk_Contrails}) {
+    box->SetBackColor(kPageColor);
+  }
 }
 
 void ConstraintPage::PlaceButtons() {

@@ -76,7 +76,7 @@ frm_RandomizerOverview* overview = nullptr;
 
 }  // namespace
 
-frm_RandomizerOverview::frm_RandomizerOverview() : tabs(form, RandomizerTab::kOverview, kHelp) {
+frm_RandomizerOverview::frm_RandomizerOverview() : tabs(form, RandomizerTab::kOverviewTab, kHelp) {
   PlaceCaptions();
   PlaceValues();
   MakePreviewSpots();

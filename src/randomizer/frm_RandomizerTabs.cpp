@@ -77,7 +77,7 @@ void ShowRandomizerPage(RandomizerTab tab) {
       DrawTabOutline(form.hDC(), static_cast<int>(i), PlaceOf(tab));
     }
   }
-  if (tab == RandomizerTab::kOverview) {
+  if (tab == RandomizerTab::kOverviewTab) {
     FillRandomizerOverview();
   }
   form.Refresh();

@@ -7,7 +7,7 @@
 namespace nimbrel {
 
 /// The four pages of the randomizer, by their tab.
-enum class RandomizerTab : unsigned char { kOverview, kClouds, kSky, kWater };
+enum class RandomizerTab : unsigned char { kOverviewTab, kCloudsTab, kSkyTab, kWaterTab };
 inline constexpr std::size_t kRandomizerTabs = 4;
 
 /// What all four pages carry: the labels of the tabs and the help text.

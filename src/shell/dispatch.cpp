@@ -123,7 +123,7 @@ std::string DrawAndRecord() {
   try {
     RandomizeSelection();
     ApplyRandomSelection();
-    ShowRandomizerPage(RandomizerTab::kOverview);
+    ShowRandomizerPage(RandomizerTab::kOverviewTab);
     WriteInhibitFlags();
     AppendHistory(1);
     return {};
@@ -178,7 +178,7 @@ constexpr std::array kClicks{
     ClickRow{ButtonClass::kMedium, "frm_Main", "sky", Open<kSkies>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "water", Open<kWaters>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "randomizer",
-             [] { OpenRandomizerTab(RandomizerTab::kOverview); }},
+             [] { OpenRandomizerTab(RandomizerTab::kOverviewTab); }},
     ClickRow{ButtonClass::kMedium, "frm_Main", "about", Open<kAboutNimbrel>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "help", OpenHelpFile},
     ClickRow{ButtonClass::kLarge, "frm_Main", "install", Install},

@@ -39,14 +39,14 @@ ConstraintList& ListAt(std::int16_t family, std::size_t group) {
   return *RandomizerPage(family).lists[group];
 }
 
-/// Clicks on the check box of a row.
-void Toggle(const char* page, const char* list, int row) {
+/// Clicks on a row, on its check box or further right.
+void Toggle(const char* page, const char* list, int row, int right = 10) {
   auto* widget = qobject_cast<QListWidget*>(Window(page, list));
   ASSERT_NE(nullptr, widget) << list;
   widget->scrollToItem(widget->item(row));
   const QRect place = widget->visualItemRect(widget->item(row));
   QTest::mouseClick(widget->viewport(), Qt::LeftButton, {},
-                    {place.left() + 10, place.center().y()});
+                    {place.left() + right, place.center().y()});
 }
 
 /// Option and check mark of each row from the top, the button's state, the percentage.
@@ -145,7 +145,7 @@ TEST_F(RandomizerPages, ClicksChangeTheListAloneAndNeverLeaveItWithNothing) {
   EXPECT_EQ("0- 1+ 2+ enabled 50.0%", State(waves));
   Toggle(kPage, "lst_Waves", 2);
   EXPECT_EQ("0- 1+ 2- enabled 100.0%", State(waves));
-  Toggle(kPage, "lst_Waves", 1);
+  Toggle(kPage, "lst_Waves", 1, 200);
   EXPECT_EQ("0+ 1- 2- enabled 100.0%", State(waves)) << "the first row stands in";
   Toggle(kPage, "lst_Waves", 0);
   EXPECT_EQ("0+ 1- 2- enabled 100.0%", State(waves)) << "also for itself";

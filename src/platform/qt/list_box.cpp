@@ -46,9 +46,10 @@ class ListWidget : public QListWidget {
 
  protected:
   void mousePressEvent(QMouseEvent* event) override {
-    pressed_ = event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid();
+    pressed_row_ =
+        event->button() == Qt::LeftButton ? indexAt(event->position().toPoint()).row() : -1;
     before_press_ = Picked();
-    if (pressed_) {
+    if (pressed_row_ >= 0) {
       QListWidget::mousePressEvent(event);
       // A press on the row's box alone would leave the row unpicked.
       setCurrentIndex(indexAt(event->position().toPoint()));
@@ -58,15 +59,18 @@ class ListWidget : public QListWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
 
   void mouseReleaseEvent(QMouseEvent* event) override {
-    if (event->button() != Qt::LeftButton || !pressed_) {
+    if (event->button() != Qt::LeftButton || pressed_row_ < 0) {
       return;
     }
-    pressed_ = false;
-    const bool on_row = indexAt(event->position().toPoint()).isValid();
+    const int pressed_row = std::exchange(pressed_row_, -1);
+    const int row_below = indexAt(event->position().toPoint()).row();
     user_acts_ = true;
     QListWidget::mouseReleaseEvent(event);
+    if (checked && !toggled_ && row_below == pressed_row) {
+      Toggle(*item(pressed_row));
+    }
     user_acts_ = false;
-    Tell(on_row || Picked() != before_press_);
+    Tell(row_below >= 0 || Picked() != before_press_);
   }
 
   void keyPressEvent(QKeyEvent* event) override {
@@ -88,6 +92,11 @@ class ListWidget : public QListWidget {
   }
 
  private:
+  /// The toolkit does it for clicks on the box itself, this for those on the rest of the row.
+  static void Toggle(QListWidgetItem& row_item) {
+    row_item.setCheckState(row_item.checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+  }
+
   void Tell(bool picked) {
     const std::optional<int> toggled = std::exchange(toggled_, std::nullopt);
     NativeWindow* window = NativeOf(this);
@@ -105,7 +114,7 @@ class ListWidget : public QListWidget {
   }
 
   bool user_acts_ = false;
-  bool pressed_ = false;  ///< the left button went down on a row
+  int pressed_row_ = -1;  ///< where the left button went down
   int before_press_ = -1;
   std::optional<int> toggled_;
 };
