@@ -1,7 +1,6 @@
 #include "install/mod_CopyFiles.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -73,19 +72,13 @@ void CopyFiles(const std::string& source, const std::string& destination, FileDo
 }
 
 /// With the progress bar going from `start` to `end` in equal steps, worked out from all the names
-/// found, so that it stops short when there are more than are copied; the end is always drawn. The
-/// dialog tells whole percents, and a step inside one is not drawn: a repaint for each file would
-/// take a tenth of the whole install.
+/// found, so that it stops short when there are more than are copied; the end is always drawn.
 void CopyWithProgress(const std::string& source, const std::string& destination, double start,
                       double end) {
   double value = start;
-  long shown = std::lround(start);
   CopyFiles(source, destination, [&](std::size_t found) {
     value += (end - start) / static_cast<double>(found);
-    if (std::lround(value) != shown) {
-      shown = std::lround(value);
-      DrawProgress(value);
-    }
+    DrawProgress(value);
   });
   DrawProgress(end);
 }
