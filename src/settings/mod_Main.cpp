@@ -7,6 +7,8 @@
 #include <exception>
 #include <string>
 
+#include "history/frm_AddFavorite.h"
+#include "history/frm_Favorite.h"
 #include "history/mod_History.h"
 #include "platform/files.h"
 #include "platform/forms.h"
@@ -63,6 +65,7 @@ void LoadBehindSplash() {
   LoadSkyConfiguration();
   LoadWaterConfiguration();
   ReadHistory();
+  ListFavorites();
   LoadSkyMinis();
   LoadMainConfiguration();
 }
@@ -156,6 +159,8 @@ constexpr std::array kOwnedForms{
               ReleaseMessageForm, [] { MessageForm().shape.reset(); }},
     OwnedForm{FormId::kSplash, []() -> platform::Form& { return SplashForm().form; },
               ReleaseSplashForm, [] { SplashForm().shape.reset(); }},
+    OwnedForm{FormId::kAddFavorite, []() -> platform::Form& { return AddFavoriteForm().form; },
+              ReleaseAddFavoriteForm, [] { AddFavoriteForm().shape.reset(); }},
     OwnedForm{FormId::kCloudPage, []() -> platform::Form& { return CloudPage().form; },
               ReleaseCloudPage},
     OwnedForm{FormId::kSkyPage, []() -> platform::Form& { return SkyPage().form; }, ReleaseSkyPage},
@@ -172,6 +177,8 @@ constexpr std::array kOwnedForms{
     OwnedForm{FormId::kRandomizerWater,
               []() -> platform::Form& { return RandomizerPage(kWater).form; },
               [] { ReleaseRandomizerPage(kWater); }},
+    OwnedForm{FormId::kFavorite, []() -> platform::Form& { return FavoritePage().form; },
+              ReleaseFavoritePage},
     OwnedForm{FormId::kAbout, []() -> platform::Form& { return AboutPage().form; },
               ReleaseAboutPage},
 };

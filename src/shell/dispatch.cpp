@@ -3,6 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "history/frm_AddFavorite.h"
+#include "history/frm_Favorite.h"
+#include "history/mod_Favorites.h"
 #include "history/mod_History.h"
 #include "install/mod_Install.h"
 #include "randomizer/frm_RandomizerConstraints.h"
@@ -25,6 +28,7 @@
 namespace nimbrel {
 namespace {
 
+constexpr std::int16_t kDeleteFavorite = 1;       ///< of PendingMessageAction
 constexpr std::int16_t kRandomizeAndInstall = 2;  ///< of PendingMessageAction
 constexpr const char* kRandomizeTitle = "Randomize Settings?";
 
@@ -55,6 +59,8 @@ constexpr Opening kSkies{[]() -> platform::Form& { return SkyPage().form; },
                          "Sky Backdrop Texture Options", "icon_Sky.bmp", DrawSkyPage, "frm_sky"};
 constexpr Opening kWaters{[]() -> platform::Form& { return WaterPage().form; },
                           "Water Texture Options", "icon_Water.bmp", DrawWaterPage, "frm_Water"};
+constexpr Opening kFavorites{[]() -> platform::Form& { return FavoritePage().form; },
+                             "Favorites List", "icon_Favorites.bmp", nullptr, "frm_Favorite"};
 constexpr Opening kAboutNimbrel{[]() -> platform::Form& { return AboutPage().form; },
                                 "About Nimbrel", "icon_About.bmp", nullptr, "frm_About"};
 
@@ -148,6 +154,9 @@ void RandomizeAndInstall() {
 
 void AnswerOk() {
   MessageAnswer = 1;
+  if (PendingMessageAction == kDeleteFavorite) {
+    DeleteSelectedFavorite();
+  }
   if (PendingMessageAction == kRandomizeAndInstall) {
     RandomizeAndInstall();
   }
@@ -179,10 +188,13 @@ constexpr std::array kClicks{
     ClickRow{ButtonClass::kMedium, "frm_Main", "water", Open<kWaters>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "randomizer",
              [] { OpenRandomizerTab(RandomizerTab::kOverviewTab); }},
+    ClickRow{ButtonClass::kMedium, "frm_Main", "favorite", Open<kFavorites>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "about", Open<kAboutNimbrel>},
     ClickRow{ButtonClass::kMedium, "frm_Main", "help", OpenHelpFile},
     ClickRow{ButtonClass::kLarge, "frm_Main", "install", Install},
     ClickRow{ButtonClass::kLarge, "frm_Main", "load_history", LoadHistory},
+    ClickRow{ButtonClass::kLarge, "frm_Main", "add_favorite",
+             [] { OpenAddFavorite(kFavoriteOfSelection); }},
     ClickRow{ButtonClass::kStandard, "frm_3d", "clockwise", Turn<TurnCloudRing, kClockwise>},
     ClickRow{ButtonClass::kStandard, "frm_3d", "counterclockwise", Turn<TurnCloudRing, kCounter>},
     ClickRow{ButtonClass::kStandard, "frm_3d", "left", Step<StepCloudOption, -1>},
@@ -197,6 +209,8 @@ constexpr std::array kClicks{
     ClickRow{ButtonClass::kStandard, "frm_Water", "left", Step<StepWaterOption, -1>},
     ClickRow{ButtonClass::kStandard, "frm_Water", "right", Step<StepWaterOption, 1>},
     ClickRow{ButtonClass::kLarge, "frm_RandomizerOverview", "randomize", AskToRandomize},
+    ClickRow{ButtonClass::kLarge, "frm_RandomizerOverview", "add_favorite",
+             [] { OpenAddFavorite(kFavoriteOfRandomizer); }},
     ClickRow{ButtonClass::kStandard, "frm_RandomizerCloud", "solid_checkall", CheckAll<0>},
     ClickRow{ButtonClass::kStandard, "frm_RandomizerCloud", "stratus_checkall", CheckAll<1>},
     ClickRow{ButtonClass::kStandard, "frm_RandomizerCloud", "wispy_checkall", CheckAll<2>},
@@ -208,6 +222,10 @@ constexpr std::array kClicks{
     ClickRow{ButtonClass::kStandard, "frm_RandomizerWater", "base_checkall", CheckAll<8>},
     ClickRow{ButtonClass::kStandard, "frm_RandomizerWater", "environment_checkall", CheckAll<9>},
     ClickRow{ButtonClass::kStandard, "frm_RandomizerWater", "waves_checkall", CheckAll<10>},
+    ClickRow{ButtonClass::kStandard, "frm_AddFavorite", "continue", ContinueAddFavorite},
+    ClickRow{ButtonClass::kStandard, "frm_AddFavorite", "cancel", CancelAddFavorite},
+    ClickRow{ButtonClass::kStandard, "frm_Favorite", "load", LoadSelectedFavorite},
+    ClickRow{ButtonClass::kStandard, "frm_Favorite", "delete", AskToDeleteFavorite},
     ClickRow{ButtonClass::kStandard, "frm_Msg", "ok", AnswerOk},
     ClickRow{ButtonClass::kStandard, "frm_Msg", "cancel", AnswerCancel},
 };

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "history/frm_AddFavorite.h"
 #include "platform/system.h"
 #include "randomizer/frm_RandomizerOverview.h"
 #include "settings/Catalogue.h"
@@ -22,17 +23,27 @@ void DrawSmallPreview(const platform::Container& surface, const platform::RectF&
   DrawFramedPicture(surface.hDC(), place, kSummaryFrame, image);
 }
 
+void DrawHead(platform::Form& form, platform::PictureBox& icon, const platform::RectF& place,
+              std::string_view title, std::string_view icon_file) {
+  form.Cls();
+  DrawPageText(form.hDC(), place, title, "Verdana", 22.0F, platform::FontStyleRegular,
+               platform::StringAlignmentNear, platform::StringAlignmentCenter, kTitleColor, true);
+  // Without its file there is no icon: that of the page before would name the wrong page.
+  icon.SetVisible(icon.SetPicture(platform::ApplicationFolder() + "\\Media\\" +
+                                  std::string(icon_file)));
+}
+
 }  // namespace
 
 void SetPageTitle(std::string_view title, std::string_view icon_file) {
   frm_Main& main = MainForm();
-  main.form.Cls();
-  DrawPageText(main.form.hDC(), {230, 79, 500, 44}, title, "Verdana", 22.0F,
-               platform::FontStyleRegular, platform::StringAlignmentNear,
-               platform::StringAlignmentCenter, kTitleColor, true);
-  // Without its file there is no icon: that of the page before would name the wrong page.
-  main.pic_ScreenIcon.SetVisible(main.pic_ScreenIcon.SetPicture(
-      platform::ApplicationFolder() + "\\Media\\" + std::string(icon_file)));
+  DrawHead(main.form, main.pic_ScreenIcon, {230, 79, 500, 44}, title, icon_file);
+}
+
+void SetAddFavoriteTitle(std::string_view title, std::string_view icon_file) {
+  frm_AddFavorite& dialog = AddFavoriteForm();
+  DrawHead(dialog.form, dialog.pic_ScreenIcon, {77, 27, 350, 44}, title, icon_file);
+  dialog.form.Refresh();
 }
 
 void DrawSummaryPreview(int left, int top, int width, int height, std::int16_t family,

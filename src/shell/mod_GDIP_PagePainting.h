@@ -10,6 +10,8 @@ namespace nimbrel {
 
 /// Title and icon of the page on frm_Main, which it clears; shown at the next repaint.
 void SetPageTitle(std::string_view title, std::string_view icon_file);
+/// The same on frm_AddFavorite, shown at once.
+void SetAddFavoriteTitle(std::string_view title, std::string_view icon_file);
 /// One small preview on pic_Main.
 void DrawSummaryPreview(int left, int top, int width, int height, std::int16_t family,
                         std::int16_t group, std::int16_t option);

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "history/frm_AddFavorite.h"
+#include "history/frm_Favorite.h"
 #include "platform/system.h"
 #include "randomizer/frm_RandomizerConstraints.h"
 #include "randomizer/frm_RandomizerOverview.h"
@@ -131,6 +133,8 @@ ShellWorld::~ShellWorld() {
   for (const std::int16_t family : {nimbrel::kCloud, nimbrel::kSky, nimbrel::kWater}) {
     nimbrel::ReleaseRandomizerPage(family);
   }
+  nimbrel::ReleaseFavoritePage();
+  nimbrel::ReleaseAddFavoriteForm();
   nimbrel::ReleaseAboutPage();
   nimbrel::ReleaseMainForm();
   nimbrel::ReleaseMessageForm();

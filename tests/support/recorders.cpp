@@ -8,6 +8,9 @@
 RecordedCalls Recorded;
 
 namespace nimbrel {
+
+std::int16_t MessageAnswer = 0;
+
 namespace {
 
 struct SwitchForm {
@@ -46,6 +49,9 @@ void ShowMessage(std::string_view kind, std::string_view title, std::string_view
                  bool showCancel, bool progress) {
   Recorded.messages.push_back(
       {std::string(kind), std::string(title), std::string(text), showOk, showCancel, progress});
+  if (Recorded.on_message) {
+    Recorded.on_message();
+  }
 }
 
 void UpdateProgress(std::string_view title, std::string_view text, double percent) {

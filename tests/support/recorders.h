@@ -28,6 +28,7 @@ struct RecordedCalls {
   int hides = 0;
   int refreshes = 0;
   int endings = 0;
+  std::function<void()> on_message;  ///< called in each of `messages`, to answer it
   std::function<void()> on_percent;  ///< called at each of `percents`
   std::function<void()> on_ending;   ///< called as ShutDownProgram begins
 };
