@@ -256,9 +256,23 @@ int CopyBytes(int from, int to, std::size_t size) {
   return 0;
 }
 
+/// Asks for the room of a whole file before its first byte: a full device is known at once, and a
+/// rename then has no blocks left to find, which else takes as long as the copy. File systems that
+/// can't promise room are let be.
+int ReserveRoom(int to, std::size_t size) {
+  if (size == 0 || fallocate(to, 0, 0, static_cast<off_t>(size)) == 0) {
+    return 0;
+  }
+  return errno == ENOSPC || errno == EDQUOT || errno == EFBIG ? errno : 0;
+}
+
 /// Copies a file that has to hold still meanwhile: one that is being written would arrive torn.
 int CopyWhole(int from, const struct stat& before, int to) {
-  if (const int error = CopyBytes(from, to, static_cast<std::size_t>(before.st_size)); error != 0) {
+  const auto size = static_cast<std::size_t>(before.st_size);
+  if (const int error = ReserveRoom(to, size); error != 0) {
+    return error;
+  }
+  if (const int error = CopyBytes(from, to, size); error != 0) {
     return error;
   }
   struct stat after {};
