@@ -39,8 +39,8 @@ constexpr std::array kPages{
     Page{"frm_randomizersky", FormId::kRandomizerSky, RandomizerForm<kSky>, RandomizerLists<kSky>},
     Page{"frm_randomizerwater", FormId::kRandomizerWater, RandomizerForm<kWater>,
          RandomizerLists<kWater>},
-    Page{"frm_favorite", FormId::kFavorite,
-         []() -> platform::Form& { return FavoritePage().form; }, FavoriteLists},
+    Page{"frm_favorite", FormId::kFavorite, []() -> platform::Form& { return FavoritePage().form; },
+         FavoriteLists},
     Page{"frm_about", FormId::kAbout, []() -> platform::Form& { return AboutPage().form; }},
 };
 

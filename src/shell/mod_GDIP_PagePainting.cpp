@@ -29,8 +29,8 @@ void DrawHead(platform::Form& form, platform::PictureBox& icon, const platform::
   DrawPageText(form.hDC(), place, title, "Verdana", 22.0F, platform::FontStyleRegular,
                platform::StringAlignmentNear, platform::StringAlignmentCenter, kTitleColor, true);
   // Without its file there is no icon: that of the page before would name the wrong page.
-  icon.SetVisible(icon.SetPicture(platform::ApplicationFolder() + "\\Media\\" +
-                                  std::string(icon_file)));
+  icon.SetVisible(
+      icon.SetPicture(platform::ApplicationFolder() + "\\Media\\" + std::string(icon_file)));
 }
 
 }  // namespace
