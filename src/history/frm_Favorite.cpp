@@ -19,7 +19,6 @@ std::int16_t FavoriteFocusIndex = 0;
 /// True while the list is refilled: what it tells then is not the user's.
 bool FavoriteListBusy = false;
 
-constexpr std::int16_t kDeleteFavorite = 1;  ///< of PendingMessageAction
 constexpr const char* kDeleteTitle = "Delete Favorite Collection?";
 
 constexpr int kCaptionLeft = 269;

@@ -40,6 +40,9 @@ struct frm_Favorite {
   StandardButton btn_Load{form, "btn_Load"};
 };
 
+/// The PendingMessageAction of the question before a deletion.
+inline constexpr std::int16_t kDeleteFavorite = 1;
+
 /// The page, loaded at the first call.
 frm_Favorite& FavoritePage();
 /// For shutdown.

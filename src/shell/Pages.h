@@ -23,7 +23,8 @@ struct Page {
 extern std::span<const Page> Pages;
 
 /// The page now shown, by its form's name. Empty at start, "frm_Main" once the user has come back
-/// to the main page. Written by the dispatch and by the randomizer's tabs.
+/// to the main page. Written by the dispatch, by the randomizer's tabs and by
+/// LoadSelectedFavorite.
 extern std::string CurrentPage;
 
 /// Puts a page over the panel of the main window, in place of the one that is there. Does not set

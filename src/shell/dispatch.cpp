@@ -28,7 +28,6 @@
 namespace nimbrel {
 namespace {
 
-constexpr std::int16_t kDeleteFavorite = 1;       ///< of PendingMessageAction
 constexpr std::int16_t kRandomizeAndInstall = 2;  ///< of PendingMessageAction
 constexpr const char* kRandomizeTitle = "Randomize Settings?";
 

@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "platform/forms.h"
 #include "platform/qt/handlers.h"

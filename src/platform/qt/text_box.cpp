@@ -1,12 +1,10 @@
 #include <QLineEdit>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QPlainTextEdit>
-#include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
 #include <climits>
-#include <functional>
+#include <utility>
 
 #include "platform/forms.h"
 #include "platform/qt/handlers.h"
