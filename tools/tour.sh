@@ -27,15 +27,16 @@ shot() { # NAME: the main window's part of the screen
 sums() { (cd "$simulator" && find . -path ./Modules -prune -o -type f -print0 | sort -z | xargs -0 sha256sum); }
 
 # A row for each page: name, the button in the navigation column, then places to press on the page.
+# A place behind a ~ turns a ring, and is pictured in the middle of the turn.
 pages=(
-  "cloud-options 95 193 718,447 499,488"
-  "sky-options 95 243 671,288 499,488"
-  "water-options 95 293 718,447 499,488"
+  "cloud-options 95 193 210,447 ~740,447 499,488"
+  "sky-options 95 243 284,288 ~671,288 499,488"
+  "water-options 95 293 740,447 ~210,447 499,488"
   "randomizer 95 343 319,147"
   "favorites 95 393"
   "about 95 547"
 )
-visit() { # NAME X Y [X,Y...]
+visit() { # NAME X Y [[~]X,Y...]
   local name=$1 x=$2 y=$3 place
   shift 3
   find_window "$MAIN_TITLE" || fail "no main window before $name"
@@ -43,16 +44,43 @@ visit() { # NAME X Y [X,Y...]
   click "$x" "$y"
   sleep 0.6
   grab "$work/after.png" 177 128 596 450
-  if same_picture "$work/before.png" "$work/after.png"; then
-    say "  $name: no such page yet, passed over"
-    return 0
-  fi
+  same_picture "$work/before.png" "$work/after.png" && fail "the page $name did not open"
   shot "$name"
   for place; do
-    click "${place%,*}" "${place#*,}"
-    sleep 0.6
+    if [[ $place == ~* ]]; then
+      turn "$name" "${place#\~}"
+    else
+      click "${place%,*}" "${place#*,}"
+      sleep 0.6
+    fi
   done
   (($# == 0)) || shot "$name-pressed"
+}
+# A turn is over after an eighth of a second, and a picture takes about as long to begin. So a row of
+# pictures is begun round the press, and one is kept that shows the ring neither as before nor after.
+turn() { # NAME X,Y
+  local number ring=320x285+320+135 pictures=()
+  point "${2%,*}" "${2#*,}"
+  grab "$work/rest.png" 0 0 798 603
+  xdotool mousedown 1
+  for number in {1..16}; do
+    grab "$work/turn-$number.png" 0 0 798 603 &
+    pictures+=($!)
+    ((number != 4)) || xdotool mouseup 1
+    sleep 0.015
+  done
+  wait "${pictures[@]}"
+  sleep 0.6
+  grab "$work/turned.png" 0 0 798 603
+  for number in {1..16}; do
+    if ! same_picture "$work/turn-$number.png[$ring]" "$work/rest.png[$ring]" &&
+      ! same_picture "$work/turn-$number.png[$ring]" "$work/turned.png[$ring]"; then
+      cp "$work/turn-$number.png" "$output/$1-turning.png"
+      say "  picture: $1-turning.png"
+      return 0
+    fi
+  done
+  say "  $1: no turn was caught in the middle"
 }
 
 say "Laying out the demo simulator"
@@ -92,8 +120,21 @@ for page in "${pages[@]}"; do
   # shellcheck disable=SC2086 # a row is words
   visit $page
 done
+say "Randomizing"
+click 95 343
+sleep 0.6
+click 546 527
+wait_until "question" message_shows "$media" Question
+shot randomize-question
+press_ok
+wait_until "closing message" message_shows "$media" Information
+press_ok
+wait_until "end of the message" no_window "$MESSAGE_TITLE"
+shot randomized
+
 find_window "$MAIN_TITLE" || fail "no main window after the pages"
 click 95 143
+sleep 0.6
 shot main-again
 
 say "Pressing Exit"
