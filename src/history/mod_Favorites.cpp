@@ -59,7 +59,7 @@ bool IsName(std::string_view name) {
 /// lead the writing out of the folder.
 std::string PathOf(std::string_view title) {
   const std::string name = FavoriteFileName(title);
-  const std::string path = FavoritesFolder() + "\\" + name;
+  std::string path = FavoritesFolder() + "\\" + name;
   if (!IsName(name) || !platform::LiesWithin(path, FavoritesFolder())) {
     throw RunTimeFailure("The title gives no name for a file in the Favorites folder.");
   }
