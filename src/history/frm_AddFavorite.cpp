@@ -68,6 +68,7 @@ void Load(frm_AddFavorite& dialog) {
   dialog.form.SetHeight(kDialogHeight);
   dialog.form.SetMouseIcon(platform::LoadCursorFile(MediaFile("HMOVE.cur")));
   ShapeFromFile(*dialog.shape, dialog.form, "\\Media\\AddRegion.dat");
+  dialog.form.SetBackColor(kPlainColor);
   dialog.form.SetPicture(MediaFile("AddFavorite_BG.bmp"));
   SetFormLoaded(FormId::kAddFavorite);
   for (platform::Label* label : {&dialog.Label1, &dialog.Label2, &dialog.Label3}) {

@@ -58,9 +58,6 @@ constexpr std::array<ConstraintListLook, 3> kWaterLists{{
   "the options you would like to be available to the randomizer.  Leave an item unchecked and "  \
   "it will not be selected by the randomizer."
 
-/// That of the page's background picture, behind the check boxes.
-constexpr platform::ColorRef kPageColor = platform::RGB(201, 213, 231);
-
 /// By family.
 constexpr std::array<ConstraintPageLook, kFamilies> kLooks{{
     {"frm_RandomizerCloud", FormId::kRandomizerCloud, kCloud, RandomizerTab::kCloudsTab,
@@ -182,7 +179,7 @@ void ConstraintPage::MakeSwitchBoxes() {
   chk_Contrails->SetCaption(
       "Check to allow the randomizer to select to use the extended contrails");
   for (platform::CheckBox* box : {&*chk_Sun, &*chk_Contrails}) {
-    box->SetBackColor(kPageColor);
+    box->SetBackColor(kPlainColor);
   }
 }
 

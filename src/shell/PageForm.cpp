@@ -27,6 +27,7 @@ void LoadPageForm(platform::Form& form, FormId id, std::string_view background) 
       label->SetTransparent(true);
     }
   }
+  form.SetBackColor(kPlainColor);
   form.SetPicture(platform::ApplicationFolder() + "\\Media\\" + std::string(background));
 }
 

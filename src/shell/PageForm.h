@@ -12,6 +12,8 @@ namespace nimbrel {
 
 inline constexpr platform::ColorRef kTextColor = platform::RGB(96, 96, 96);
 inline constexpr platform::ColorRef kValueColor = platform::RGB(0, 101, 161);
+/// Behind the check boxes, and in the place of a background picture that is missing.
+inline constexpr platform::ColorRef kPlainColor = platform::RGB(201, 213, 231);
 inline const platform::Font kRingFont{.size = 9.75F};
 inline const platform::Font kBoldFont{.weight = 700, .bold = true};
 inline const platform::Font kHeadingFont{.size = 12, .weight = 700, .bold = true};

@@ -14,17 +14,12 @@
 namespace nimbrel {
 namespace {
 
-using platform::RGB;
-
 constexpr int kWindowWidth = 798;
 constexpr int kWindowHeight = 603;
 constexpr int kPanelWidth = 596;
 constexpr int kPanelHeight = 450;
 constexpr int kPreviewLeft = 177;
 constexpr int kPreviewTop = 240;
-
-/// Behind the check boxes, and in the place of a background picture that is missing.
-constexpr platform::ColorRef kPlainColor = RGB(201, 213, 231);
 
 struct LabelRow {
   platform::Label frm_Main::*label;

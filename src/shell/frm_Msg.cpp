@@ -37,7 +37,8 @@ constexpr ButtonSetup kCancelSetup{280, 242, "cancel", "btn_Cancel",
 constexpr ButtonSetup kOkSetup{335, 242, "ok", "btn_CheckAll",
                                "Click to answer Yes or to continue."};
 
-std::unique_ptr<frm_Msg> dialog_form;
+/// Freed by its release alone: static objects end after the toolkit does.
+frm_Msg* dialog_form = nullptr;
 
 std::string MediaFile(std::string_view name) {
   return platform::ApplicationFolder() + "\\Media\\" + std::string(name);
@@ -72,6 +73,7 @@ void Load(frm_Msg& dialog) {
   dialog.form.SetHeight(kDialogHeight);
   dialog.form.SetMouseIcon(platform::LoadCursorFile(MediaFile("HMOVE.cur")));
   ShapeFromFile(*dialog.shape, dialog.form, "\\Media\\MsgRegion.dat");
+  dialog.form.SetBackColor(platform::RGB(201, 213, 231));
   dialog.form.SetPicture(MediaFile("Msg_BG.bmp"));
   SetFormLoaded(FormId::kMsg);
   ColorLabel(dialog.lbl_Title);
@@ -152,15 +154,16 @@ frm_Msg::frm_Msg()
 }
 
 frm_Msg& MessageForm() {
-  if (!dialog_form) {
-    dialog_form = std::make_unique<frm_Msg>();
+  if (dialog_form == nullptr) {
+    dialog_form = new frm_Msg;
   }
   return *dialog_form;
 }
 
 void ReleaseMessageForm() {
-  dialog_form.reset();
-  FormLoaded[static_cast<std::size_t>(FormId::kMsg)] = false;
+  delete dialog_form;
+  dialog_form = nullptr;
+  ClearFormLoaded(FormId::kMsg);
 }
 
 void ShowMessage(std::string_view kind, std::string_view title, std::string_view text, bool showOk,
@@ -193,7 +196,7 @@ void DrawProgress(double percent) {
 }
 
 void HideMessage() {
-  if (dialog_form && dialog_form->form.Visible()) {
+  if (dialog_form != nullptr && dialog_form->form.Visible()) {
     dialog_form->form.Hide();
   }
 }

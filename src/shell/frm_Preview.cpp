@@ -3,6 +3,7 @@
 #include "platform/system.h"
 #include "randomizer/frm_RandomizerOverview.h"
 #include "shell/FormLoaded.h"
+#include "shell/PageForm.h"
 #include "shell/frm_Main.h"
 #include "shell/mod_GDIP_PagePainting.h"
 #include "widgets/SmallFontFix.h"
@@ -29,7 +30,7 @@ frm_Preview::frm_Preview() {
   form.PlacePixels(0, 0, kWidth, kHeight);
   FixFormForFontSize(form);
   form.SetCaption("Preview Screen Shot");
-  form.SetBackColor(platform::RGB(201, 213, 231));
+  form.SetBackColor(kPlainColor);
   form.SetPicture(platform::ApplicationFolder() + "\\Media\\Preview_BG.bmp");
   form.SetMouseIcon(platform::HandCursor());
   form.SetMousePointer(platform::kPointerCustom);

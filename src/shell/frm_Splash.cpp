@@ -4,6 +4,7 @@
 
 #include "platform/system.h"
 #include "shell/FormLoaded.h"
+#include "shell/PageForm.h"
 #include "widgets/SmallFontFix.h"
 
 namespace nimbrel {
@@ -26,7 +27,7 @@ frm_Splash::frm_Splash() : shape(std::make_unique<clsTransForm>()) {
   form.CenterOnScreen();
   form.SetMouseIcon(platform::LoadCursorFile(media + "HMOVE.cur"));
   ShapeFromFile(*shape, form, "\\Media\\MsgRegion.dat");
-  form.SetBackColor(platform::RGB(201, 213, 231));
+  form.SetBackColor(kPlainColor);
   form.SetPicture(media + "Splash_BG.bmp");
   SetFormLoaded(FormId::kSplash);
 }
