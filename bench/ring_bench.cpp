@@ -170,7 +170,9 @@ int main(int argc, char** argv) {
   nimbrel::DrawCloudPage();
   std::printf("screen: %s\n", QGuiApplication::platformName().toUtf8().constData());
   const bool counts = opened_files > 0;  // else the count below would prove nothing
-  const bool held = FramesHold(page, pictures) && TurnsHold() && NothingStays() && counts;
+  const bool frames = FramesHold(page, pictures);
+  const bool turns = TurnsHold();
+  const bool held = NothingStays() && frames && turns && counts;
   std::filesystem::remove_all(folder);
   std::fflush(stdout);
   _exit(held ? EXIT_SUCCESS : EXIT_FAILURE);
