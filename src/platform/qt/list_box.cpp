@@ -159,7 +159,7 @@ void SetColor(NativeWindow& window, QPalette::ColorRole role, ColorRef color) {
 ListBox::ListBox(Container& container, std::string_view name, unsigned style)
     : Control(WindowOwner(new NativeWindow(new ListWidget(container.hWnd()->widget, style),
                                            container.hWnd(), name))) {
-  SetBackColor(RGB(255, 255, 255));
+  ListBox::SetBackColor(RGB(255, 255, 255));
   SetForeColor(RGB(0, 0, 0));
 }
 

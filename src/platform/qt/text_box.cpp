@@ -175,7 +175,7 @@ QWidget* NewEdit(QWidget* container, TextLines lines) {
                                   : NewEdit<LinesWidget>(container);
 }
 
-EditText& Of(NativeWindow& window) { return *dynamic_cast<EditText*>(window.widget.data()); }
+EditText& Of(NativeWindow& window) { return dynamic_cast<EditText&>(*window.widget); }
 
 QString WithLineFeeds(std::string_view utf8) {
   QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -195,7 +195,7 @@ void SetColor(NativeWindow& window, QPalette::ColorRole role, ColorRef color) {
 TextBox::TextBox(Container& container, std::string_view name, TextLines lines)
     : Control(WindowOwner(
           new NativeWindow(NewEdit(container.hWnd()->widget, lines), container.hWnd(), name))) {
-  SetBackColor(RGB(255, 255, 255));
+  TextBox::SetBackColor(RGB(255, 255, 255));
   SetForeColor(RGB(0, 0, 0));
 }
 
