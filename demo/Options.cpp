@@ -118,7 +118,8 @@ std::string GroupRows(const Group& group) {
   for (std::size_t i = 0; i < group.options.size(); ++i) {
     const std::string n = std::to_string(i);
     const auto row = [&](const char* field, const std::string& value) {
-      text += std::string(group.prefix) + field + "." + n + "=" + value + "\n";
+      text.append(group.prefix).append(field).append(".").append(n);
+      text.append("=").append(value).append("\n");
     };
     row("Preview", std::string("Media\\Screen Shots\\") + group.preview + "_" + n);
     row("Textures", "Data\\" + Backslashes(group.set) + n);

@@ -303,7 +303,7 @@ void WriteMoveCursor(const fs::path& file) {
       Append(bytes, picture.pixel(x, y), 4);
     }
   }
-  bytes.append(32 * 4, '\0');
+  bytes.append(std::size_t{32} * 4, '\0');
   WriteBytes(file, std::as_bytes(std::span(bytes)));
 }
 
