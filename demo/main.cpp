@@ -22,6 +22,9 @@ int main(int argc, char** argv) {
     demo::WriteSimulator(simulator);
     demo::WriteSkin(program / "Media");
     demo::WriteProgramData(program);
+    std::filesystem::copy(NIMBREL_MEDIA, program / "Media",
+                          std::filesystem::copy_options::recursive |
+                              std::filesystem::copy_options::overwrite_existing);
   } catch (const std::exception& error) {
     std::cerr << "nimbrel-demo: " << error.what() << '\n';
     return 1;
