@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "install/CopyPlan.h"
 #include "platform/files.h"
 
 namespace nimbrel {
@@ -16,9 +17,8 @@ void DeleteUntilGone(std::string_view pattern);
 /// is held open. Notes a failure in CopyFailures. Both paths as composed text.
 platform::FileStatus ReplaceSimulatorFile(std::string_view source, std::string_view target);
 
-/// Copies what lies in a folder, at most 100 files, into another under the same names, without
-/// progress. Both end in a backslash. A folder that is not there copies nothing.
-void CopyFolder(std::string_view source, std::string_view destination);
+/// The copies of one route, without progress. A folder that is not there copies nothing.
+void CopyFolder(const CopyRoute& route);
 
 /// The copies of one set or fixed folder, file by file under the names of the source folder.
 /// `start` and `end` are percent of the progress bar; `selection` an option index.

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "install/CopyFailures.h"
+#include "install/CopyPlan.h"
 #include "install/mod_CloudComposer.h"
 #include "install/mod_CopyFiles.h"
 #include "install/mod_SunContrails.h"
@@ -77,13 +78,13 @@ void LoadCloudInput(std::int16_t input, const std::string& suffix) {
 /// destination of a set. A run without any texture to put in place is an error: the user asked for
 /// clouds that can't be made, and the simulator keeps those it has.
 void PlaceCumulus() {
-  const std::string source = platform::ApplicationFolder() + "\\TempBitmaps\\cumulus01.bmp";
+  const std::string source = ComposedCumulus();
   if (!platform::FileExists(source)) {
     throw RunTimeFailure(
         "No cumulus cloud texture could be made, so Flight Simulator keeps the one it has.");
   }
-  if (!Catalogue.CloudDestination.empty()) {
-    ReplaceSimulatorFile(source, SimulatorRoot + Catalogue.CloudDestination);
+  if (const std::string target = CumulusTarget(); !target.empty()) {
+    ReplaceSimulatorFile(source, target);
   }
 }
 
