@@ -41,11 +41,12 @@ class Installing : public testing::Test {
     Switches().chk_Sun.SetValue(1);
     for (const std::string group : kFolderGroups) {
       const bool deep = group == "base" || group == "environment";
-      Source("Sets/" + group + ".0/" + group + ".bmp",
-             (deep ? "Scenery/World/texture/" : "Texture/") + group + ".bmp");
+      const std::string file = group + ".bmp";
+      Source("Sets/" + group + ".0/" + file, (deep ? "Scenery/World/texture/" : "Texture/") + file);
     }
     for (const std::string folder : {"Cld", "cumulus", "stratus"}) {
-      Source("Data/Clouds/" + folder + "/" + folder + ".bmp", "Texture/" + folder + ".bmp");
+      const std::string file = folder + ".bmp";
+      Source("Data/Clouds/" + folder + "/" + file, "Texture/" + file);
     }
     Source("Data/Sun/sun.bmp", "Texture/sun.bmp");
     for (const std::string input : {"solid", "stratus", "wispy"}) {

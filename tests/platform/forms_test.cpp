@@ -30,7 +30,7 @@ void ShowSmall(Form& form) {
 std::string SavePicture(const TempFolder& folder, int width, int height, QRgb color) {
   QImage picture(width, height, QImage::Format_RGB32);
   picture.fill(color);
-  const std::string path = (folder / "picture.bmp").string();
+  std::string path = (folder / "picture.bmp").string();
   EXPECT_TRUE(picture.save(QString::fromStdString(path)));
   return path;
 }

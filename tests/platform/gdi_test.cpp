@@ -42,7 +42,8 @@ platform::HDC Section(int width, int height, std::uint16_t depth,
 
 /// The bytes of one row, top row 0, without filler.
 std::vector<int> Row(const platform::HDC& dc, int y, int bytes) {
-  const auto row = dc->bitmap->bits.begin() + static_cast<int>(dc->bitmap->stride) * y;
+  const auto row =
+      dc->bitmap->bits.begin() + std::ptrdiff_t{y} * static_cast<int>(dc->bitmap->stride);
   return {row, row + bytes};
 }
 

@@ -49,7 +49,7 @@ GpRegion RegionOf(const GpPath& path) {
 }
 
 GpPath Box(float left, float top, float right, float bottom) {
-  const GpPath path = NewPath();
+  GpPath path = NewPath();
   GdipAddPathLine(path, left, top, right, top);
   GdipAddPathLine(path, right, bottom, left, bottom);
   GdipClosePathFigure(path);
