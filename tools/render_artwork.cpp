@@ -260,11 +260,9 @@ class Artwork {
       : sources_(std::move(sources)),
         media_(std::move(media)),
         palette_(ReadPalette(sources_ / "palette.txt")) {
-    if (fs::exists(sources_ / "symbols.svg")) {
-      const std::string text = ReadText(sources_ / "symbols.svg");
-      const auto begin = text.find('>', text.find("<svg")) + 1;
-      symbols_ = "<defs>" + text.substr(begin, text.rfind("</svg>") - begin) + "</defs>";
-    }
+    symbols_ = "<defs>" + Inside("symbols.svg") + "</defs>";
+    brand_ = "<defs>" + Inside("brand.svg") + "<g id=\"emblem\">" + Inside("nimbrel.svg") +
+             "</g></defs>";
   }
 
   /// `name` is the picture's path below Media, without its ending.
@@ -287,9 +285,17 @@ class Artwork {
                         [&](const Picture& row) { return row.name == bare; });
   }
 
+  /// What the root element of a shared source holds.
+  std::string Inside(const char* file) const {
+    const std::string text = ReadText(sources_ / file);
+    const auto begin = text.find('>', text.find("<svg")) + 1;
+    return text.substr(begin, text.rfind("</svg>") - begin);
+  }
+
   /// The shared shapes are there in the state's look.
   std::string Complete(std::string text, std::string_view state) const {
     ReplaceAll(text, "<!-- symbols -->", symbols_);
+    ReplaceAll(text, "<!-- brand -->", brand_);
     ReplaceAll(text, "{state.", "{" + std::string(state) + ".");
     return Brushed(std::move(text));
   }
@@ -348,13 +354,15 @@ class Artwork {
   fs::path sources_;
   fs::path media_;
   Palette palette_;
-  std::string symbols_;
+  std::string symbols_;  ///< glyphs and plates of the buttons and icons
+  std::string brand_;    ///< word, emblem and surfaces of the backgrounds
 };
 
 /// Whether a file is the source of one picture. The program's icon and the shapes that pictures
 /// share are none.
 bool IsSource(const fs::path& file) {
-  return file.extension() == ".svg" && file.stem() != "symbols" && file.stem() != "nimbrel";
+  return file.extension() == ".svg" && file != "symbols.svg" && file != "brand.svg" &&
+         file != "nimbrel.svg";
 }
 
 }  // namespace
