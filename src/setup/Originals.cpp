@@ -1,0 +1,249 @@
+#include "setup/Originals.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <system_error>
+
+#include "install/CopyPlan.h"
+#include "platform/checksum.h"
+#include "platform/text.h"
+
+namespace nimbrel {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::FileStatus;
+
+std::string ManifestFile(const Places& places) { return places.originals + "/manifest"; }
+std::string FilesFolder(const Places& places) { return places.originals + "/files"; }
+
+std::string InSimulator(const Places& places, const std::string& path) {
+  return platform::HostPath(places.simulator + "/" + path);
+}
+
+bool Exists(const std::string& host) {
+  std::error_code ignored;
+  return fs::exists(fs::symlink_status(host, ignored));
+}
+
+/// Whether a file has the content of an original. One that can't be read has not.
+bool Holds(const std::string& host, const Original& original) {
+  std::error_code error;
+  if (!platform::FileExists(host) || fs::file_size(host, error) != original.size || error) {
+    return false;
+  }
+  const auto bytes = platform::ReadFile(host, kMostBytes);
+  return bytes && platform::Sha256(*bytes) == original.checksum;
+}
+
+/// An install writes the history before it moves any texture.
+bool InstallsMade(const Places& places) {
+  return platform::FileExists(places.program + "/Data/History.nbh") ||
+         platform::FileExists(places.program + "/TempBitmaps/cumulus01.bmp");
+}
+
+/// Whether an install has been at the file. Without any install it has not, also where the pack
+/// brings the simulator's own file among its options. After one, a file that is as the pack has it
+/// counts as the pack's.
+bool MayBeInstalled(const WrittenFile& file, bool installs_made) {
+  if (!installs_made) {
+    return false;
+  }
+  return file.edited ||
+         std::any_of(file.sources.begin(), file.sources.end(), [&](const std::string& source) {
+           const std::string host = platform::HostPath(source);
+           return platform::FileExists(host) && SameContent(host, file.target);
+         });
+}
+
+void PlanFile(const Places& places, const WrittenFile& file, bool installs_made, KeepPlan& plan) {
+  std::string path = file.target.substr(places.simulator.size() + 1);
+  if (!Exists(file.target)) {
+    plan.absent.push_back(std::move(path));
+  } else if (!platform::FileExists(file.target)) {
+    return;  // a folder of that name: no install can replace it
+  } else if (!MayBeInstalled(file, installs_made)) {
+    plan.bytes += fs::file_size(file.target);
+    plan.keep.push_back(std::move(path));
+  } else if (platform::FileExists(StoredFile(places, path))) {
+    plan.stored.push_back(std::move(path));
+  } else {
+    plan.unknown.push_back(std::move(path));
+  }
+}
+
+/// A manifest vouches only for what is still in the store.
+void PlanAgain(const Places& places, const Original& original, KeepPlan& plan) {
+  if (original.absent || Holds(StoredFile(places, original.path), original)) {
+    return;
+  }
+  if (Holds(InSimulator(places, original.path), original)) {
+    plan.bytes += original.size;
+    plan.again.push_back(original.path);
+  } else {
+    plan.lost.push_back(original.path);
+  }
+}
+
+/// Modules counts as brought by Nimbrel also when it stands there empty: a setup that was killed
+/// right after making it leaves it so.
+bool MakesModules(const Places& places) {
+  if (!platform::FolderExists(places.modules)) {
+    return true;
+  }
+  return std::all_of(fs::directory_iterator(places.modules), fs::directory_iterator(),
+                     [&](const fs::directory_entry& entry) {
+                       return entry.path() == places.program || entry.path() == places.originals;
+                     });
+}
+
+/// Takes the facts from the store's copy: they vouch for what a restore will read.
+Original FactsOf(const Places& places, const std::string& path) {
+  const std::vector<std::byte> bytes = BytesOf(StoredFile(places, path));
+  return {.path = path, .absent = false, .size = bytes.size(), .checksum = platform::Sha256(bytes)};
+}
+
+void Store(const Places& places, const std::string& path) {
+  const std::string source = InSimulator(places, path);
+  const std::string stored = StoredFile(places, path);
+  if (!platform::FileExists(stored) || !SameContent(source, stored)) {
+    CopyIn(source, stored);
+  }
+}
+
+FileStatus SetLetterCase(const Places& places, const std::string& path) {
+  const fs::path host = InSimulator(places, path);
+  const fs::path wanted = host.parent_path() / fs::path(path).filename();
+  std::error_code error;
+  if (host != wanted) {
+    fs::rename(host, wanted, error);
+  }
+  return error ? FileStatus::kOther : FileStatus::kOk;
+}
+
+FileStatus BringBack(const Places& places, const std::string& path) {
+  const FileStatus status =
+      platform::CopyOver(StoredFile(places, path), InSimulator(places, path),
+                         platform::Durability::kFlushedRename, {}, places.simulator);
+  return status == FileStatus::kOk ? SetLetterCase(places, path) : status;
+}
+
+void PlanOriginal(const Places& places, const Original& original, RestorePlan& plan) {
+  const std::string host = InSimulator(places, original.path);
+  if (original.absent) {
+    if (Exists(host)) {
+      plan.take_away.push_back(original.path);
+    }
+  } else if (Holds(host, original)) {
+    if (fs::path(host).filename() != fs::path(original.path).filename()) {
+      plan.rename.push_back(original);
+    }
+  } else if (Holds(StoredFile(places, original.path), original)) {
+    plan.bring_back.push_back(original);
+  } else {
+    plan.lost.push_back(original.path);
+  }
+}
+
+}  // namespace
+
+std::optional<Manifest> ReadOriginals(const Places& places) {
+  return ReadManifest(ManifestFile(places));
+}
+
+KeepPlan PlanKeeping(const Places& places, const Manifest& known) {
+  const bool installs_made = InstallsMade(places);
+  KeepPlan plan;
+  std::set<std::string> known_names;
+  for (const Original& original : known.originals) {
+    known_names.insert(platform::FoldName(original.path));
+    PlanAgain(places, original, plan);
+  }
+  for (const WrittenFile& file : FilesThatInstallsWrite()) {
+    const std::string name = platform::FoldName(file.target.substr(places.simulator.size() + 1));
+    if (!known_names.contains(name)) {
+      PlanFile(places, file, installs_made, plan);
+    }
+  }
+  return plan;
+}
+
+void Keep(const Places& places, const KeepPlan& plan, Manifest& manifest) {
+  if (manifest.originals.empty()) {
+    manifest.made_modules = MakesModules(places);
+  }
+  MakeFolders(places.originals);
+  RemoveTemporariesBelow(places.originals);
+  for (const auto* paths : {&plan.again, &plan.keep}) {
+    for (const std::string& path : *paths) {
+      Store(places, path);
+    }
+  }
+  for (const auto* paths : {&plan.keep, &plan.stored}) {
+    for (const std::string& path : *paths) {
+      manifest.originals.push_back(FactsOf(places, path));
+    }
+  }
+  for (const std::string& path : plan.absent) {
+    manifest.originals.push_back({.path = path, .absent = true, .size = 0, .checksum = {}});
+  }
+  WriteManifest(ManifestFile(places), manifest);
+}
+
+RestorePlan PlanRestoring(const Places& places, const Manifest& manifest) {
+  RestorePlan plan;
+  for (const Original& original : manifest.originals) {
+    PlanOriginal(places, original, plan);
+  }
+  return plan;
+}
+
+std::vector<NotRestored> Restore(const Places& places, const Manifest& manifest,
+                                 const RestorePlan& plan) {
+  std::vector<NotRestored> failures;
+  const auto note = [&](const std::string& path, FileStatus status) {
+    if (status != FileStatus::kOk) {
+      failures.push_back({path, status});
+    }
+  };
+  for (const Original& original : plan.bring_back) {
+    note(original.path, BringBack(places, original.path));
+  }
+  for (const Original& original : plan.rename) {
+    note(original.path, SetLetterCase(places, original.path));
+  }
+  for (const std::string& path : plan.take_away) {
+    note(path, platform::DeleteFile(InSimulator(places, path)));
+  }
+  std::set<std::string> folders;
+  for (const Original& original : manifest.originals) {
+    folders.insert(fs::path(InSimulator(places, original.path)).parent_path().string());
+  }
+  for (const std::string& folder : folders) {
+    platform::RemoveTemporaries(folder);
+  }
+  return failures;
+}
+
+std::string StoredFile(const Places& places, const std::string& path) {
+  return FilesFolder(places) + "/" + path;
+}
+
+bool HoldsFilesWithoutManifest(const Places& places) {
+  std::error_code ignored;
+  return !platform::FileExists(ManifestFile(places)) && fs::exists(FilesFolder(places), ignored) &&
+         !fs::is_empty(FilesFolder(places), ignored);
+}
+
+void RemoveOriginals(const Places& places, bool made_modules) {
+  fs::remove_all(FilesFolder(places));
+  platform::RemoveTemporaries(places.originals);
+  fs::remove(ManifestFile(places));
+  fs::remove(places.originals);
+  if (made_modules && fs::is_empty(places.modules)) {
+    fs::remove(places.modules);
+  }
+}
+
+}  // namespace nimbrel
