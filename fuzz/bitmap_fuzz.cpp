@@ -1,22 +1,21 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <initializer_list>
 #include <span>
 #include <vector>
 
 #include "platform/bitmap_file.h"
 #include "platform/gdi.h"
+#include "support.h"
 
 namespace {
 
+using fuzz::Require;
 using platform::HDC;
 
 HDC ContextOf(const platform::HBITMAP& bitmap) {
   HDC dc = platform::CreateCompatibleDC({});
-  if (!platform::SelectObject(dc, bitmap)) {
-    std::abort();
-  }
+  Require(platform::SelectObject(dc, bitmap));
   return dc;
 }
 
@@ -29,16 +28,12 @@ void CopyTo(const HDC& source, std::uint16_t bit_count) {
   info.header.bit_count = bit_count;
   const HDC sheet = ContextOf(platform::CreateDIBSection({}, info));
   const platform::Bitmap& picture = *source->bitmap;
-  if (!platform::StretchBlt(sheet, -3, 2, picture.width, picture.height, source, 0, 0,
-                            picture.width, picture.height, platform::SRCCOPY) ||
-      !platform::StretchBlt(sheet, 5, -1, 50, 30, source, -2, 1, picture.width, picture.height,
-                            platform::SRCCOPY)) {
-    std::abort();
-  }
+  Require(platform::StretchBlt(sheet, -3, 2, picture.width, picture.height, source, 0, 0,
+                               picture.width, picture.height, platform::SRCCOPY));
+  Require(platform::StretchBlt(sheet, 5, -1, 50, 30, source, -2, 1, picture.width, picture.height,
+                               platform::SRCCOPY));
   std::vector<std::uint8_t> pixels(sheet->bitmap->stride * 17);
-  if (platform::GetDIBits(sheet, sheet->bitmap, 0, 17, pixels, info) != 17) {
-    std::abort();
-  }
+  Require(platform::GetDIBits(sheet, sheet->bitmap, 0, 17, pixels, info) == 17);
 }
 
 }  // namespace
@@ -50,10 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   // One bit of the file widens to a byte at most, and rows of up to 4 bytes to their padding.
-  if (bitmap->bits.size() > size * 8 ||
-      bitmap->bits.size() != bitmap->stride * static_cast<std::size_t>(bitmap->height)) {
-    std::abort();
-  }
+  Require(bitmap->bits.size() <= size * 8 &&
+          bitmap->bits.size() == bitmap->stride * static_cast<std::size_t>(bitmap->height));
   const HDC source = ContextOf(bitmap);
   for (const std::uint16_t bit_count : std::initializer_list<std::uint16_t>{8, 24, 32}) {
     CopyTo(source, bit_count);

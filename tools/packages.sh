@@ -6,8 +6,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libgl-dev libcanberra-dev libsquish-dev fonts-dejavu-core)
 # A screen without a monitor, a window manager on it, hands and eyes.
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick)
-TEST_PACKAGES=(libgtest-dev libgmock-dev clang-format-14)
 FUZZ_PACKAGES=(clang-14 libclang-rt-14-dev)
+TEST_PACKAGES=(libgtest-dev libgmock-dev clang-format-14 "${FUZZ_PACKAGES[@]}")
 
 # need_packages NAME...: installs those that are missing; touches the network only then.
 need_packages() {
