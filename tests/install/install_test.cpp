@@ -41,12 +41,10 @@ class Installing : public testing::Test {
     Switches().chk_Sun.SetValue(1);
     for (const std::string group : kFolderGroups) {
       const bool deep = group == "base" || group == "environment";
-      const std::string file = group + ".bmp";
-      Source("Sets/" + group + ".0/" + file, (deep ? "Scenery/World/texture/" : "Texture/") + file);
+      PlaceSet("Sets/", group, ".0/", deep ? "Scenery/World/texture/" : "Texture/");
     }
     for (const std::string folder : {"Cld", "cumulus", "stratus"}) {
-      const std::string file = folder + ".bmp";
-      Source("Data/Clouds/" + folder + "/" + file, "Texture/" + file);
+      PlaceSet("Data/Clouds/", folder, "/", "Texture/");
     }
     Source("Data/Sun/sun.bmp", "Texture/sun.bmp");
     for (const std::string input : {"solid", "stratus", "wispy"}) {
@@ -55,6 +53,12 @@ class Installing : public testing::Test {
     WriteText(tree.Simulator("Texture/cumulus01.bmp"), kOld);
     WriteText(tree.Simulator("Effects/fx_contrail_s.fx"), kOld);
     WriteText(tree.Simulator("Effects/fx_contrail_L.fx"), kOld);
+  }
+
+  /// A set of one texture that bears the set's name.
+  void PlaceSet(const std::string& parent, const std::string& name, const std::string& suffix,
+                const std::string& target) {
+    Source(parent + name + suffix + name + ".bmp", target + name + ".bmp");
   }
 
   void Source(const std::string& source, const std::string& target) {
