@@ -5,12 +5,12 @@
 #include <map>
 #include <string>
 
-#include "platform/real_widgets.h"
 #include "platform/system.h"
 #include "shell/FormLoaded.h"
 #include "shell/frm_Msg.h"
 #include "support/BmpFile.h"
 #include "support/TempFolder.h"
+#include "support/real_widgets.h"
 
 namespace nimbrel {
 namespace {

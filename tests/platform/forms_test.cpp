@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/real_widgets.h"
 #include "support/TempFolder.h"
+#include "support/real_widgets.h"
 
 namespace platform {
 namespace {

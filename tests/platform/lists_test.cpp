@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "platform/forms.h"
-#include "platform/real_widgets.h"
 #include "platform/text.h"
+#include "support/real_widgets.h"
 
 namespace platform {
 namespace {

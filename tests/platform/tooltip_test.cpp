@@ -5,8 +5,8 @@
 #include <QScreen>
 
 #include "platform/forms.h"
-#include "platform/real_widgets.h"
 #include "platform/window.h"
+#include "support/real_widgets.h"
 
 namespace platform {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/forms.h"
-#include "platform/real_widgets.h"
+#include "support/real_widgets.h"
 
 namespace platform {
 namespace {

@@ -9,10 +9,10 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/real_widgets.h"
 #include "platform/system.h"
 #include "support/BmpFile.h"
 #include "support/TempFolder.h"
+#include "support/real_widgets.h"
 
 namespace nimbrel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "platform/forms.h"
 #include "platform/gdi.h"
-#include "platform/real_widgets.h"
+#include "support/real_widgets.h"
 #include "widgets/SkinnedButtons.h"
 #include "widgets/SmallFontFix.h"
 #include "widgets/cls_Tooltip.h"

@@ -4,10 +4,10 @@
 #include <cstring>
 #include <ostream>
 
-#include "platform/real_widgets.h"
 #include "platform/system.h"
 #include "support/BmpFile.h"
 #include "support/TempFolder.h"
+#include "support/real_widgets.h"
 #include "widgets/clsTransForm.h"
 
 namespace nimbrel {
