@@ -7,7 +7,10 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
 # A screen without a monitor, a window manager on it, hands and eyes.
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick)
 FUZZ_PACKAGES=(clang-14 libclang-rt-14-dev)
-TEST_PACKAGES=(libgtest-dev libgmock-dev clang-format-14 "${FUZZ_PACKAGES[@]}")
+# What the package's menu entry, catalogue entry and manual pages are validated with.
+VALIDATE_PACKAGES=(desktop-file-utils appstream man-db groff-base)
+TEST_PACKAGES=(libgtest-dev libgmock-dev clang-format-14 "${FUZZ_PACKAGES[@]}"
+  "${VALIDATE_PACKAGES[@]}")
 
 # need_packages NAME...: installs those that are missing; touches the network only then.
 need_packages() {
