@@ -1,13 +1,9 @@
 // How long the three catalogue readers take on a catalogue with a picture of 400 by 300 for each of
-// 11 x 20 options, beside a bare loop that reads and decodes the same files. Each iteration runs
-// both, so that the machine's mood falls on both alike.
-
-#include <benchmark/benchmark.h>
-#include <unistd.h>
+// 11 x 20 options, beside a bare loop that reads and decodes the same files. The two take turns, so
+// that the machine's mood falls on both alike.
 
 #include <QImage>
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -15,41 +11,23 @@
 #include <string>
 #include <vector>
 
+#include "figures.h"
 #include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/Functions_Configuration.h"
-#include "settings/mod_Main.h"
 #include "settings/mod_ReadConfiguration.h"
-#include "shell/MainSwitches.h"
-#include "shell/RefreshMainPage.h"
 
 namespace fs = std::filesystem;
 
 namespace nimbrel {
-
-// What the readers' layer asks of the layers above it.
-MainSwitches Switches() {
-  static platform::Form form("frm_Main");
-  static platform::CheckBox sun(form, "chk_Sun");
-  static platform::CheckBox contrails(form, "chk_Contrails");
-  static platform::CheckBox dxt(form, "chk_DXT");
-  static platform::CheckBox fast(form, "chk_Fast");
-  return {sun, contrails, dxt, fast};
-}
-void RefreshMainPage() {}
-void ShutDownProgram() {
-  std::fprintf(stderr, "the readers refused the catalogue\n");
-  std::_Exit(1);
-}
-
 namespace {
 
 constexpr std::int16_t kOptions = 20;
+constexpr int kRounds = 21;
 constexpr double kMostRatio = 1.3;
 
 std::vector<std::string> picture_files;
-double ratio = 0;  ///< of the medians, by the last run
 
 /// A picture with detail of its own in every row, so that no two files are alike.
 void MakePicture(const std::string& file, std::uint32_t seed) {
@@ -92,19 +70,6 @@ void MakeCatalogue(const std::string& folder) {
   }
 }
 
-template <typename Work>
-double Milliseconds(Work work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
-      .count();
-}
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
 void ReadCatalogue() {
   LoadCumulusConfiguration();
   LoadSkyConfiguration();
@@ -123,36 +88,36 @@ double TimeReaders() {
   Catalogue = {};
   fs::last_write_time(platform::ApplicationFolder() + "/NB_Information.cfg",
                       fs::file_time_type::clock::now());
-  return Milliseconds(ReadCatalogue);
+  return bench::Milliseconds(ReadCatalogue);
 }
 
 double TimeBareLoop() {
   Catalogue = {};
   std::vector<QImage> pictures;
-  return Milliseconds([&] {
+  return bench::Milliseconds([&] {
     for (const std::string& file : picture_files) {
       pictures.emplace_back(QString::fromStdString(file));
     }
   });
 }
 
-void StartUp(benchmark::State& state) {
+int RunBench() {
   std::vector<double> readers;
   std::vector<double> bare;
-  for (auto _ : state) {
+  for (int round = 0; round < kRounds; ++round) {
     bare.push_back(TimeBareLoop());
     readers.push_back(TimeReaders());
   }
   if (!EveryPictureLoaded()) {
-    state.SkipWithError("a picture is missing");
-    return;
+    std::fprintf(stderr, "a picture is missing\n");
+    return EXIT_FAILURE;
   }
-  ratio = Median(readers) / Median(bare);
-  state.counters["readers_ms"] = Median(readers);
-  state.counters["bare_ms"] = Median(bare);
-  state.counters["ratio"] = ratio;
+  const bool held = bench::Report({"Reading a catalogue with 11 x 20 pictures of 400 x 300",
+                                   bench::Median(readers), bench::Median(bare),
+                                   "for a bare loop over the pictures", kMostRatio});
+  Catalogue = {};  // while the toolkit stands
+  return held ? EXIT_SUCCESS : EXIT_FAILURE;
 }
-BENCHMARK(StartUp)->Unit(benchmark::kMillisecond)->Iterations(21);
 
 }  // namespace
 }  // namespace nimbrel
@@ -160,16 +125,8 @@ BENCHMARK(StartUp)->Unit(benchmark::kMillisecond)->Iterations(21);
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
   const platform::Application application(argc, argv);
-  std::string folder = (fs::temp_directory_path() / "startup-bench-XXXXXX").string();
-  if (mkdtemp(folder.data()) == nullptr) {
-    std::perror(folder.c_str());
-    return 1;
-  }
-  platform::SetApplicationFolder(folder);
-  nimbrel::MakeCatalogue(folder);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  fs::remove_all(folder);
-  std::printf("ratio %.2f (at most %.1f)\n", nimbrel::ratio, nimbrel::kMostRatio);
-  return nimbrel::ratio > 0 && nimbrel::ratio <= nimbrel::kMostRatio ? 0 : 1;
+  const bench::WorkFolder folder;
+  platform::SetApplicationFolder(folder.path().string());
+  nimbrel::MakeCatalogue(folder.path().string());
+  return nimbrel::RunBench();
 }
