@@ -34,10 +34,8 @@ void PutText(std::span<std::byte> field, std::string_view text) {
 
 std::string TakeText(std::span<const std::byte> field) {
   const auto end = std::find(field.begin(), field.end(), std::byte{0});
-  std::string ansi;
-  std::transform(field.begin(), end, std::back_inserter(ansi),
-                 [](std::byte b) { return static_cast<char>(b); });
-  return platform::FromAnsi(ansi);
+  return platform::FromAnsi(
+      {reinterpret_cast<const char*>(field.data()), static_cast<std::size_t>(end - field.begin())});
 }
 
 /// The part of a span that lies in it.
@@ -84,6 +82,26 @@ SettingsRecord RecordOf(std::int16_t source) {
   return record;
 }
 
+std::vector<std::string> ListFolder() {
+  return platform::ListFiles(FavoritesFolder() + "\\*.*",
+                             platform::kReadOnly | platform::kHidden | platform::kSystem);
+}
+
+/// Without what a killed run has left, which is looked for only when the listing, dear in a folder
+/// of thousands, shows something like it.
+std::vector<std::string> FileNames() {
+  static constexpr std::string_view kStart =
+      platform::kTemporaryPattern.substr(0, platform::kTemporaryPattern.find('*'));
+  std::vector<std::string> names = ListFolder();
+  if (std::any_of(names.begin(), names.end(),
+                  [](const std::string& name) { return name.starts_with(kStart); })) {
+    platform::RemoveTemporaries(FavoritesFolder());
+    names = ListFolder();
+  }
+  names.resize(std::min(names.size(), kMostFavorites));
+  return names;
+}
+
 bool IsEntry(std::int32_t index) { return index >= 0 && index <= FavoriteLastIndex; }
 
 }  // namespace
@@ -112,12 +130,11 @@ std::string FavoriteFileName(std::string_view title) {
 }
 
 void ReadFavorites() {
-  platform::RemoveTemporaries(FavoritesFolder());
-  std::vector<std::string> names = platform::ListFiles(
-      FavoritesFolder() + "\\*.*", platform::kReadOnly | platform::kHidden | platform::kSystem);
-  names.resize(std::min(names.size(), kMostFavorites));
+  const std::vector<std::string> names = FileNames();
   FavoriteEntries.clear();
   FavoritePaths.clear();
+  FavoriteEntries.reserve(names.size());
+  FavoritePaths.reserve(names.size());
   for (const std::string& name : names) {
     const std::string& path = FavoritePaths.emplace_back(FavoritesFolder() + "\\" + name);
     const auto bytes = platform::ReadFile(path, kLargestFile);
