@@ -1,4 +1,4 @@
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034
 # A screen of its own with a window manager, and hands and eyes on the program that runs there. To be
 # sourced. Every wait is bounded and says what did not come.
 
@@ -26,7 +26,7 @@ start_screen() {
   chmod 700 "$folder/runtime"
   export XDG_RUNTIME_DIR=$folder/runtime LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb NO_AT_BRIDGE=1
   unset WAYLAND_DISPLAY QT_SCALE_FACTOR QT_STYLE_OVERRIDE DBUS_SESSION_BUS_ADDRESS
-  Xvfb -displayfd 3 -screen 0 1280x900x24 -dpi 96 -nolisten tcp -noreset \
+  Xvfb -displayfd 3 -screen 0 1280x900x24 -dpi 96 -nolisten tcp -noreset "${SCREEN_OPTIONS[@]}" \
     3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
   SCREEN_PIDS=($!)
   wait_until "X server" test -s "$folder/display"
@@ -49,6 +49,7 @@ stop_screen() {
   SCREEN_PIDS=()
 }
 SCREEN_PIDS=()
+SCREEN_OPTIONS=() # more for the X server
 PROGRAM_PID=
 
 # start_program FOLDER LOG: runs FOLDER/nimbrel.
@@ -85,6 +86,7 @@ no_window() { ! find_window "$1"; }
 
 MAIN_TITLE=Nimbrel
 MESSAGE_TITLE='Nimbrel Message'
+FAVORITE_TITLE='Add Settings to Favorites'
 
 # main_window: waits for the main window, with the splash gone.
 main_window() { wait_until "main window" main_window_is_up; }
@@ -115,13 +117,79 @@ same_picture() {
   [[ $(compare -metric AE -fuzz 4% "$1" "$2" null: 2>&1) == 0 ]]
 }
 
-# Places of the artwork, in pixels of the main window.
+# Places of the artwork, in pixels of the main window: first the navigation column.
+HOME_BUTTON=(95 143)
+CLOUDS_BUTTON=(95 193)
+SKY_BUTTON=(95 243)
+WATER_BUTTON=(95 293)
+RANDOMIZER_BUTTON=(95 343)
+FAVORITES_BUTTON=(95 393)
+HELP_BUTTON=(95 497)
+ABOUT_BUTTON=(95 547)
 INSTALL_BUTTON=(546 527)
+RANDOMIZE_BUTTON=("${INSTALL_BUTTON[@]}")
+ADD_BUTTON=(406 527) # on the main page and on the randomizer's overview
 EXIT_BUTTON=(768 26)
+HISTORY_LIST=(305 170)
+HISTORY_BUTTON=(496 170)
 FAST_LABEL=(560 255)
 DXT_LABEL=(560 288)
-# And of the message dialog.
+STEP_LEFT=(455 488)
+STEP_RIGHT=(499 488)
+OVERVIEW_TAB=(235 147)
+CLOUDS_TAB=(319 147)
+SKY_TAB=(403 147)
+FIRST_SOLID=(300 241) # the first row of a list
+FIRST_DAY=(600 241)
+FIRST_FAVORITE=(300 225)
+RANDOM_SUN=(199 532)
+LOAD_FAVORITE=(419 545)
+DELETE_FAVORITE=(365 545)
+# And of the dialogs.
 OK_BUTTON=(357 264)
+CANCEL_BUTTON=(302 264)
+CONTINUE_BUTTON=(417 297)
+
+# Parts of the main window: left, top, width, height.
+PAGE='177 128 596 450'
+RING='320 135 320 285'
+
+# look FILE PART: a picture of a part of the main window.
+look() {
+  find_window "$MAIN_TITLE" || fail "no main window to look at"
+  # shellcheck disable=SC2086 # a part is four words
+  grab "$1" $2
+}
+
+# press WHAT PART X Y: presses there and waits until that part of the main window has changed and
+# stands still again.
+press() {
+  local what=$1 part=$2 seen
+  seen=$(mktemp -d)
+  look "$seen/before.png" "$part"
+  click "$3" "$4"
+  wait_until "change by $what" looks_different "$seen/before.png" "$part" "$seen/now.png"
+  wait_until "rest after $what" stands_still "$part" "$seen"
+  rm -r "$seen"
+}
+looks_different() {
+  look "$3" "$2"
+  ! same_picture "$1" "$3"
+}
+looks_like() {
+  local result=1 seen
+  seen=$(mktemp -d)
+  look "$seen/now.png" "$2"
+  same_picture "$1" "$seen/now.png" && result=0
+  rm -r "$seen"
+  return $result
+}
+stands_still() {
+  look "$2/one.png" "$1"
+  sleep 0.1
+  look "$2/two.png" "$1"
+  same_picture "$2/one.png" "$2/two.png"
+}
 
 # message_shows MEDIA ICON: whether the dialog stands with that kind's icon and its checkmark enabled.
 message_shows() {
@@ -152,6 +220,29 @@ press_install() {
   click "${INSTALL_BUTTON[@]}"
   point 20 590 # off the dialog, so that its checkmark shows as enabled
   wait_until "closing message" message_shows "$1" Information
+}
+
+# press_key KEY...: one after the other, into the control that has the keyboard.
+press_key() { xdotool key --clearmodifiers --delay 60 "$@"; }
+
+# add_favorite TITLE LINE LINE: opens the dialog of the page in sight and types over what stands in
+# its fields, the first of which has the keyboard.
+add_favorite() {
+  main_window
+  click "${ADD_BUTTON[@]}"
+  wait_until "favourite's dialog" find_window "$FAVORITE_TITLE"
+  sleep 0.3
+  xdotool type --delay 25 "$1"
+  press_key Tab
+  xdotool type --delay 25 "$2"
+  press_key Return
+  xdotool type --delay 25 "$3"
+}
+
+# answer MEDIA KIND X Y: waits for a message of that kind and presses one of its buttons.
+answer() {
+  wait_until "message of kind $2" message_shows "$1" "$2"
+  click "$3" "$4"
 }
 
 press_exit() {

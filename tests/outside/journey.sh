@@ -1,24 +1,23 @@
 #!/usr/bin/env bash
-# journey.sh NAME PROGRAM GENERATOR: one journey through the real program.
+# journey.sh NAME PROGRAM DEMO: one journey through the real program, in a copy of the demo.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 . "$here/../../tools/screen.sh"
 . "$here/support.sh"
+. "$here/choices.sh"
+. "$here/randomizer.sh"
+. "$here/favorites.sh"
 
 first_start_and_install() {
   local untouched
   untouched=$(sha256sum "$SIMULATOR/Texture/runway.bmp")
   start
   [[ ! -e $PROGRAM/Data/History.nbh ]] || fail "a start alone wrote a history"
-  press_install "$MEDIA"
-  press_ok
-  wait_until "end of the message" no_window "$MESSAGE_TITLE"
+  install_now
   exit_program
   expect_installed 0
-  expect_set Sun Texture
+  expect_switches 1 1
   expect_cumulus 512 DXT3
-  expect "short contrail" "$(contrail_life "$SIMULATOR/Effects/fx_contrail_s.fx")" 180.0,180.0
-  expect "long contrail" "$(contrail_life "$SIMULATOR/Effects/fx_contrail_L.fx")" 180.0,180.0
   expect "size of the history" "$(stat -c %s "$PROGRAM/Data/History.nbh")" 36
   expect "an untouched file" "$(sha256sum "$SIMULATOR/Texture/runway.bmp")" "$untouched"
   no_temporaries
@@ -38,12 +37,27 @@ restart_brings_back() {
   exit_program
   expect_installed 3
   expect_cumulus 256 none
-  expect_set ../Backups/TEX Texture
-  expect "short contrail" "$(contrail_life "$SIMULATOR/Effects/fx_contrail_s.fx")" 1.50,1.50
-  expect "long contrail" "$(contrail_life "$SIMULATOR/Effects/fx_contrail_L.fx")" 30.50,30.50
+  expect_switches 0 0
   expect "size of the history" "$(stat -c %s "$PROGRAM/Data/History.nbh")" 108
   expect "the new entry's choice" "$(tail -c 26 "$PROGRAM/Data/History.nbh" | sha256sum)" \
     "$(record 3 0 | tail -c 26 | sha256sum)"
+}
+
+about_and_help_do_no_harm() {
+  local before
+  mkdir "$JOURNEY/handlers"
+  printf '#!/bin/sh\necho "$*" >>"%s/opened"\nexit 1\n' "$JOURNEY" >"$JOURNEY/handlers/xdg-open"
+  chmod +x "$JOURNEY/handlers/xdg-open"
+  before=$(cd "$SIMULATOR" && find . -type f -print0 | sort -z | xargs -0 sha256sum)
+  PATH="$JOURNEY/handlers:$PATH" start
+  press "the About page" "$PAGE" "${ABOUT_BUTTON[@]}"
+  click 475 330
+  click "${HELP_BUTTON[@]}"
+  wait_until "opening of the help" test -s "$JOURNEY/opened"
+  expect "the file opened" "$(sed 's/%20/ /g; s#.*/##' "$JOURNEY/opened")" "Nimbrel Help.pdf"
+  press "the main page" "$PAGE" "${HOME_BUTTON[@]}"
+  exit_program
+  expect "the files" "$(cd "$SIMULATOR" && find . -type f -print0 | sort -z | xargs -0 sha256sum)" "$before"
 }
 
 missing_information_file() {

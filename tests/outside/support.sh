@@ -1,15 +1,15 @@
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034
 # A demo of its own for one journey and what can be said of it afterwards. To be sourced after
 # tools/screen.sh.
 
-# lay_out PROGRAM GENERATOR: a folder, a demo in it, the executable alone beside the demo's data, and
-# a screen. Sets SIMULATOR, PROGRAM, MEDIA, CFG.
+# lay_out PROGRAM DEMO: a folder, a copy of the demo in it, the executable alone beside the demo's
+# data, and a screen. Sets SIMULATOR, PROGRAM, MEDIA, CFG.
 lay_out() {
   JOURNEY=$(mktemp -d)
   trap 'leave $?' EXIT
   trap 'exit 130' INT TERM
   start_screen "$JOURNEY/screen"
-  "$2" "$JOURNEY"
+  cp -a "$2/." "$JOURNEY"
   SIMULATOR="$JOURNEY/Flight Simulator 9"
   PROGRAM="$SIMULATOR/Modules/Nimbrel"
   MEDIA="$PROGRAM/Media"
@@ -35,6 +35,18 @@ start() {
   main_window
 }
 
+# install_now: Save and Install, to the end of its message.
+install_now() {
+  press_install "$MEDIA"
+  dismiss Information
+}
+
+# dismiss KIND: waits for a message of that kind, which is the last one, and for its end.
+dismiss() {
+  answer "$MEDIA" "$1" "${OK_BUTTON[@]}"
+  wait_until "end of the message" no_window "$MESSAGE_TITLE"
+}
+
 exit_program() { press_exit || fail "the program ended with status $?"; }
 
 # The files of folder, with their sums, sorted by name. The program's own folder is left out.
@@ -54,21 +66,46 @@ expect_set() {
   done
 }
 
-# expect_installed OPTION: the sets of that option of every group, and what goes with each install.
-expect_installed() {
-  local n=$1 period
-  expect_set "Cirrus/Set.$n" Texture
+# expect_sets CIRRUS SUNRISE DAY SUNSET NIGHT BASE ENVIRONMENT WAVES: these sets are in place, and
+# what goes with each install.
+expect_sets() {
+  local period
+  expect_set "Cirrus/Set.$1" Texture
   for period in Sunrise Day Sunset Night; do
-    expect_set "Sky/$period.$n" Texture
+    shift
+    expect_set "Sky/$period.$1" Texture
   done
-  expect_set "Water/Base.$n" Scenery/World/Texture
-  expect_set "Water/Environment.$n" Scenery/World/Texture
-  expect_set "Water/Waves.$n" Effects/Texture
+  expect_set "Water/Base.$2" Scenery/World/Texture
+  expect_set "Water/Environment.$3" Scenery/World/Texture
+  expect_set "Water/Waves.$4" Effects/Texture
   expect_set Clouds/Cld Texture
   expect_set Clouds/cumulus Texture
   expect_set Clouds/stratus Texture
   cmp "$PROGRAM/TempBitmaps/cumulus01.bmp" "$SIMULATOR/Texture/cumulus01.bmp" ||
     fail "the composed cloud texture is not in place"
+}
+# expect_installed OPTION: the sets of that option of every group.
+expect_installed() { expect_sets "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1"; }
+
+# expect_switches SUN CONTRAILS: what the two have done to the simulator.
+expect_switches() {
+  local short=1.50,1.50 long=30.50,30.50
+  (($2 == 0)) || short=180.0,180.0 long=180.0,180.0
+  if (($1 == 1)); then expect_set Sun Texture; else expect_set ../Backups/TEX Texture; fi
+  expect "short contrail" "$(contrail_life "$SIMULATOR/Effects/fx_contrail_s.fx")" $short
+  expect "long contrail" "$(contrail_life "$SIMULATOR/Effects/fx_contrail_L.fx")" $long
+}
+
+# newest_entry: the numbers of the newest history entry behind its date: source, solid, wispy,
+# stratus, cirrus, base, environment, waves, sunrise, day, sunset, night, sun, contrails.
+newest_entry() { tail -c 28 "$PROGRAM/Data/History.nbh" | od -A n -t d2 -w28 | xargs; }
+
+# expect_newest_entry: what the newest history entry says is what is installed.
+expect_newest_entry() {
+  local numbers
+  read -r -a numbers <<<"$(newest_entry)"
+  expect_sets "${numbers[4]}" "${numbers[@]:8:4}" "${numbers[@]:5:3}"
+  expect_switches "${numbers[@]:12:2}"
 }
 
 # number FILE OFFSET: the 32-bit number there. letters FILE OFFSET COUNT.
@@ -90,14 +127,23 @@ expect_cumulus() {
   expect "size of the texture" "$(stat -c %s "$file")" $((bytes + 74))
 }
 
-# record INDEX SWITCH: one history entry with that index in all groups and both switches so.
+# record INDEX SWITCH [SOURCE]: one record with that index in all groups and both switches so, of a
+# day in May.
 record() {
   local i
-  printf '\0\0\0\0\0\0\346\100\0\0'
-  for i in 1 2 3 4 5 6 7 8 9 10 11; do
-    printf '%b' "\\x0$1\\0"
+  printf '\0\0\0\0\0\0\346\100'
+  for i in "${3:-0}" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$2" "$2"; do
+    printf '%b' "\\x0$i\\0"
   done
-  printf '%b' "\\x0$2\\0\\x0$2\\0"
+}
+
+# favorite TITLE DESCRIPTION INDEX SWITCH: the bytes of a favourite's file.
+favorite() {
+  printf '%s' "$1"
+  head -c $((255 - ${#1})) /dev/zero
+  printf '%s' "$2"
+  head -c $((1024 - ${#2})) /dev/zero
+  record "$3" "$4" 2
 }
 
 no_temporaries() {
