@@ -265,6 +265,7 @@ class CheckBox : public Control {
   std::int16_t Value() const;  ///< 1 checked, 0 not
   void SetValue(std::int16_t value);
   void SetCaption(std::string_view caption);
+  void SetTransparent(bool transparent);
 };
 
 /// A drop-down list without an edit field. Rows carry a number.

@@ -179,7 +179,7 @@ void ConstraintPage::MakeSwitchBoxes() {
   chk_Contrails->SetCaption(
       "Check to allow the randomizer to select to use the extended contrails");
   for (platform::CheckBox* box : {&*chk_Sun, &*chk_Contrails}) {
-    box->SetBackColor(kPlainColor);
+    box->SetTransparent(true);
   }
 }
 

@@ -90,6 +90,10 @@ void CheckBox::SetCaption(std::string_view caption) {
   Of<QCheckBox>(Native()).setText(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
 }
 
+void CheckBox::SetTransparent(bool transparent) {
+  Native().widget->setAutoFillBackground(!transparent);
+}
+
 ComboBox::ComboBox(Container& container, std::string_view name)
     : Control(WindowOwner(
           new NativeWindow(new QComboBox(container.hWnd()->widget), container.hWnd(), name))) {
