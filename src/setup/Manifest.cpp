@@ -1,12 +1,12 @@
 #include "setup/Manifest.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <span>
 #include <string_view>
 
 #include "platform/files.h"
-#include "platform/text.h"
 #include "setup/Places.h"
 
 namespace nimbrel {
@@ -17,11 +17,11 @@ namespace {
 //   made Modules
 //   kept SIZE CHECKSUM PATH
 //   absent PATH
+//   unknown PATH
 //   end NUMBER-OF-ORIGINALS
 constexpr std::string_view kHead = "Nimbrel originals 1";
 constexpr std::string_view kMade = "made Modules";
-constexpr std::string_view kKept = "kept ";
-constexpr std::string_view kAbsent = "absent ";
+constexpr std::array<std::string_view, 3> kWords{"kept", "absent", "unknown"};  // in Was's order
 constexpr std::string_view kEnd = "end ";
 constexpr std::size_t kChecksumDigits = 64;
 
@@ -46,12 +46,12 @@ bool IsPath(std::string_view path) {
 }
 
 bool TakeOriginal(std::string_view line, Original& original) {
-  original.absent = line.starts_with(kAbsent);
-  if (!original.absent && !line.starts_with(kKept)) {
+  const auto word = std::find(kWords.begin(), kWords.end(), Take(line, ' '));
+  if (word == kWords.end()) {
     return false;
   }
-  Take(line, ' ');
-  if (!original.absent) {
+  original.was = static_cast<Was>(word - kWords.begin());
+  if (original.was == Was::kKept) {
     const bool sized = ToNumber(Take(line, ' '), original.size);
     original.checksum = Take(line, ' ');
     if (!sized || original.checksum.size() != kChecksumDigits) {
@@ -89,21 +89,14 @@ std::string LineOf(const Original& original) {
   if (original.path.find_first_of("\r\n") != std::string::npos) {
     throw SetupFailure("A file with a line break in its name can't be kept: " + original.path);
   }
-  if (original.absent) {
-    return std::string(kAbsent) + original.path + "\n";
+  std::string line = std::string(kWords[static_cast<std::size_t>(original.was)]) + " ";
+  if (original.was == Was::kKept) {
+    line += std::to_string(original.size) + " " + original.checksum + " ";
   }
-  return std::string(kKept) + std::to_string(original.size) + " " + original.checksum + " " +
-         original.path + "\n";
+  return line + original.path + "\n";
 }
 
 }  // namespace
-
-const Original* Manifest::Find(const std::string& path) const {
-  const auto found = std::find_if(
-      originals.begin(), originals.end(),
-      [&](const Original& original) { return platform::SameName(original.path, path); });
-  return found == originals.end() ? nullptr : &*found;
-}
 
 std::optional<Manifest> ReadManifest(const std::string& file) {
   platform::FileStatus status = platform::FileStatus::kOk;

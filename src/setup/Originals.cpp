@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <set>
 #include <system_error>
+#include <utility>
 
 #include "install/CopyPlan.h"
 #include "platform/checksum.h"
@@ -75,7 +76,7 @@ void PlanFile(const Places& places, const WrittenFile& file, bool installs_made,
 
 /// A manifest vouches only for what is still in the store.
 void PlanAgain(const Places& places, const Original& original, KeepPlan& plan) {
-  if (original.absent || Holds(StoredFile(places, original.path), original)) {
+  if (original.was != Was::kKept || Holds(StoredFile(places, original.path), original)) {
     return;
   }
   if (Holds(InSimulator(places, original.path), original)) {
@@ -101,7 +102,8 @@ bool MakesModules(const Places& places) {
 /// Takes the facts from the store's copy: they vouch for what a restore will read.
 Original FactsOf(const Places& places, const std::string& path) {
   const std::vector<std::byte> bytes = BytesOf(StoredFile(places, path));
-  return {.path = path, .absent = false, .size = bytes.size(), .checksum = platform::Sha256(bytes)};
+  return {
+      .path = path, .was = Was::kKept, .size = bytes.size(), .checksum = platform::Sha256(bytes)};
 }
 
 void Store(const Places& places, const std::string& path) {
@@ -131,7 +133,9 @@ FileStatus BringBack(const Places& places, const std::string& path) {
 
 void PlanOriginal(const Places& places, const Original& original, RestorePlan& plan) {
   const std::string host = InSimulator(places, original.path);
-  if (original.absent) {
+  if (original.was == Was::kUnknown) {
+    plan.unknown.push_back(original.path);
+  } else if (original.was == Was::kAbsent) {
     if (Exists(host)) {
       plan.take_away.push_back(original.path);
     }
@@ -185,8 +189,11 @@ void Keep(const Places& places, const KeepPlan& plan, Manifest& manifest) {
       manifest.originals.push_back(FactsOf(places, path));
     }
   }
-  for (const std::string& path : plan.absent) {
-    manifest.originals.push_back({.path = path, .absent = true, .size = 0, .checksum = {}});
+  for (const auto& [was, paths] :
+       {std::pair{Was::kAbsent, &plan.absent}, {Was::kUnknown, &plan.unknown}}) {
+    for (const std::string& path : *paths) {
+      manifest.originals.push_back({.path = path, .was = was, .size = 0, .checksum = {}});
+    }
   }
   WriteManifest(ManifestFile(places), manifest);
 }

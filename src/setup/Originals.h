@@ -44,6 +44,7 @@ struct RestorePlan {
   std::vector<Original> rename;        ///< the same but for the letter case of their name
   std::vector<std::string> take_away;  ///< were absent; paths from the simulator's root on
   std::vector<std::string> lost;       ///< differ, and the store's copy is damaged or gone
+  std::vector<std::string> unknown;    ///< nobody knows what they were: left alone
 };
 RestorePlan PlanRestoring(const Places& places, const Manifest& manifest);
 

@@ -25,7 +25,8 @@ constexpr std::array<std::string_view, 4> kNotOfAPack{"nimbrel", "Backups/", "Te
 constexpr std::array<std::string_view, 1> kArtwork{"Media/"};
 constexpr std::array<std::string_view, 1> kSets{"Data/"};
 /// What setup and program make in the program's folder.
-constexpr std::array<std::string_view, 3> kMadeHere{"nimbrel", "Backups/TEX/", "TempBitmaps/"};
+constexpr std::array<std::string_view, 2> kMadeHere{"nimbrel", "TempBitmaps/"};
+constexpr std::array<std::string_view, 1> kBackups{"Backups/TEX/"};
 
 /// Whether a path is one of a list, or lies in a folder of it that ends in a slash.
 template <std::size_t kCount>
@@ -108,11 +109,15 @@ void RemoveEmptyFolders(const fs::path& folder) {
 }
 
 bool IsOurs(const Places& places, const std::string& file) {
-  if (IsAmong(file, kMadeHere)) {
-    return true;
-  }
   const fs::path here = places.program + "/" + file;
-  return !fs::is_symlink(here) && SameContent(here.string(), places.from.pack + "/" + file);
+  if (IsAmong(file, kMadeHere) || fs::is_symlink(here)) {
+    return !fs::is_symlink(here);
+  }
+  // A backup that was there before setup may be the only copy of the simulator's sun.
+  const std::string twin = IsAmong(file, kBackups)
+                               ? StoredFile(places, "Texture/" + here.filename().string())
+                               : places.from.pack + "/" + file;
+  return SameContent(here.string(), platform::HostPath(twin));
 }
 
 /// The program keeps its settings in the information file. That alone makes it nobody's own: left

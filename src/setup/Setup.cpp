@@ -118,7 +118,7 @@ std::vector<std::string> KeptPaths(const Manifest& manifest, const KeepPlan& pla
   std::vector<std::string> kept = plan.keep;
   kept.insert(kept.end(), plan.stored.begin(), plan.stored.end());
   for (const Original& original : manifest.originals) {
-    if (!original.absent) {
+    if (original.was == Was::kKept) {
       kept.push_back(original.path);
     }
   }
@@ -162,6 +162,7 @@ void AnnounceRestoring(std::ostream& out, const RestorePlan& plan) {
   Announce(out, PathsOf(plan.bring_back), "bring back the originals");
   Announce(out, PathsOf(plan.rename), "give back the letter case of the name");
   Announce(out, plan.take_away, "delete what was not there before Nimbrel");
+  Announce(out, plan.unknown, "leave alone what Nimbrel had replaced before the first setup");
   Announce(out, plan.lost, "leave alone what has changed and whose stored original is damaged");
 }
 
@@ -181,8 +182,12 @@ bool RestoreAndTell(const Places& places, const Manifest& manifest, const Restor
     console.err << path << " could not be restored: its stored original is damaged.\n";
   }
   const bool done = failures.empty() && plan.lost.empty();
-  console.out << (done ? "The simulator is as it was before Nimbrel.\n"
-                       : "The simulator is not yet as it was before Nimbrel.\n");
+  console.out << (done ? "The simulator is as it was before Nimbrel"
+                       : "The simulator is not yet as it was before Nimbrel");
+  if (!plan.unknown.empty()) {
+    console.out << ", but for " << Files(plan.unknown.size()) << " whose originals nobody knows";
+  }
+  console.out << ".\n";
   return done;
 }
 
