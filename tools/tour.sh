@@ -29,23 +29,17 @@ sums() { (cd "$simulator" && find . -path ./Modules -prune -o -type f -print0 | 
 # A row for each page: name, the button in the navigation column, then places to press on the page.
 # A place behind a ~ turns a ring, and is pictured in the middle of the turn.
 pages=(
-  "cloud-options 95 193 210,447 ~740,447 499,488"
-  "sky-options 95 243 284,288 ~671,288 499,488"
-  "water-options 95 293 740,447 ~210,447 499,488"
-  "randomizer 95 343 319,147"
-  "favorites 95 393"
-  "about 95 547"
+  "cloud-options ${CLOUDS_BUTTON[*]} 210,447 ~740,447 499,488"
+  "sky-options ${SKY_BUTTON[*]} 284,288 ~671,288 499,488"
+  "water-options ${WATER_BUTTON[*]} 740,447 ~210,447 499,488"
+  "about ${ABOUT_BUTTON[*]}"
 )
+# shellcheck disable=SC2153 # PAGE is screen.sh's
 visit() { # NAME X Y [[~]X,Y...]
-  local name=$1 x=$2 y=$3 place
-  shift 3
-  find_window "$MAIN_TITLE" || fail "no main window before $name"
-  grab "$work/before.png" 177 128 596 450
-  click "$x" "$y"
-  sleep 0.6
-  grab "$work/after.png" 177 128 596 450
-  same_picture "$work/before.png" "$work/after.png" && fail "the page $name did not open"
+  local name=$1 place
+  press "the page $name" "$PAGE" "$2" "$3"
   shot "$name"
+  shift 3
   for place; do
     if [[ $place == ~* ]]; then
       turn "$name" "${place#\~}"
@@ -83,6 +77,40 @@ turn() { # NAME X,Y
   say "  $1: no turn was caught in the middle"
 }
 
+# message NAME KIND X Y: waits for a message of that kind, pictures it and presses a button of it.
+message() {
+  wait_until "message of kind $2" message_shows "$media" "$2"
+  shot "$1"
+  find_window "$MESSAGE_TITLE" || fail "no message to answer"
+  click "$3" "$4"
+  point 20 20 # off the checkmark, so that the next message shows it as enabled
+}
+no_message() { wait_until "end of the message" no_window "$MESSAGE_TITLE"; }
+
+# untick NAME TAB-X TAB-Y [X Y]...: opens a tab and unticks the first two rows of the lists that have
+# their first row there.
+untick() {
+  local name=$1
+  press "the tab $name" "$PAGE" "$2" "$3"
+  shift 3
+  while (($# > 0)); do
+    press "a row of $name" "$PAGE" "$1" "$2"
+    press_key Down space
+    shift 2
+  done
+  shot "$name"
+}
+
+# keep NAME TITLE LINE LINE: saves what the page in sight shows as a favourite.
+keep() {
+  add_favorite "$2" "$3" "$4"
+  shot "$1"
+  find_window "$FAVORITE_TITLE" || fail "no dialog to end"
+  click "${CONTINUE_BUTTON[@]}"
+  message "$1-saved" Information "${OK_BUTTON[@]}"
+  no_message
+}
+
 say "Laying out the demo simulator"
 start_screen "$work"
 "$generator" "$output/demo"
@@ -100,7 +128,7 @@ say "Pressing Save and Install"
 press_install "$media"
 shot installed
 press_ok
-wait_until "end of the message" no_window "$MESSAGE_TITLE"
+no_message
 sums >"$work/after"
 
 say "Looking round the main page"
@@ -120,22 +148,46 @@ for page in "${pages[@]}"; do
   # shellcheck disable=SC2086 # a row is words
   visit $page
 done
-say "Randomizing"
-click 95 343
-sleep 0.6
-click 546 527
-wait_until "question" message_shows "$media" Question
-shot randomize-question
-press_ok
-wait_until "closing message" message_shows "$media" Information
-press_ok
-wait_until "end of the message" no_window "$MESSAGE_TITLE"
+press "the main page" "$PAGE" "${HOME_BUTTON[@]}"
+shot main-again
+
+say "Keeping the choice as a favourite"
+keep favorite-of-main "Calm evening" "The first sets of all," "for slow flights."
+
+say "Randomizing within constraints"
+press "the randomizer" "$PAGE" "${RANDOMIZER_BUTTON[@]}"
+shot randomizer
+untick randomizer-clouds "${CLOUDS_TAB[@]}" "${FIRST_SOLID[@]}" 300 414
+untick randomizer-sky "${SKY_TAB[@]}" "${FIRST_DAY[@]}"
+untick randomizer-water "${WATER_TAB[@]}" "${FIRST_SOLID[@]}"
+press "the overview" "$PAGE" "${OVERVIEW_TAB[@]}"
+click "${RANDOMIZE_BUTTON[@]}"
+message randomize-question Question "${OK_BUTTON[@]}"
+message randomize-installed Information "${OK_BUTTON[@]}"
+no_message
 shot randomized
 
-find_window "$MAIN_TITLE" || fail "no main window after the pages"
-click 95 143
-sleep 0.6
-shot main-again
+say "Keeping what was drawn, and loading it from the list"
+keep favorite-of-randomizer "Drawn by chance" "Found by the randomizer:" "worth a second flight."
+press "the favourites" "$PAGE" "${FAVORITES_BUTTON[@]}"
+shot favorites
+click "${FIRST_FAVORITE[@]}"
+press_key End
+sleep 0.4
+shot favorites-selected
+click "${LOAD_FAVORITE[@]}"
+message favorites-loaded Information "${OK_BUTTON[@]}"
+no_message
+shot main-loaded
+
+say "Deleting the other favourite"
+press "the favourites" "$PAGE" "${FAVORITES_BUTTON[@]}"
+click "${FIRST_FAVORITE[@]}"
+click "${DELETE_FAVORITE[@]}"
+message favorites-delete-question Question "${OK_BUTTON[@]}"
+no_message
+find_window "$MAIN_TITLE" || fail "no main window after the favourites"
+shot favorites-deleted
 
 say "Pressing Exit"
 press_exit || fail "the program ended with status $?"
@@ -155,5 +207,7 @@ done <"$work/changed"
 say "  $count files of $(wc -l <"$work/before") replaced or added, $bytes bytes"
 say "  fx_contrail_s.fx Lifetime: $short_before -> $(contrail_life "$simulator/Effects/fx_contrail_s.fx")"
 say "  fx_contrail_L.fx Lifetime: $long_before -> $(contrail_life "$simulator/Effects/fx_contrail_L.fx")"
+say "  unticked for the randomizer: $(grep -c 'InhibitRandomizer\.[0-9]*=1' "$program/NB_Information.cfg") options"
+say "  in Favorites: $(cd "$program/Favorites" && stat -c '%n (%s bytes)' -- *.nbf | paste -sd ,)"
 say "  useDXT, useLowRes after the exit: $(value_of "$program/NB_Information.cfg" useDXT), $(value_of "$program/NB_Information.cfg" useLowRes)"
 say "Pictures and the demo are in $output"
