@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstdint>
+#include <set>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -9,7 +11,7 @@
 enum class Ground : std::uint8_t {
   kNone,    ///< it has to be opaque
   kBlack,   ///< a window: outside its element "outline", with a hard edge
-  kWhite,   ///< keyed when it is loaded, with a hard edge
+  kWhite,   ///< keyed when it is loaded, with a hard edge; a row of pictures, numbered from 0
   kPointer  ///< a cursor file, with its alpha
 };
 
@@ -66,3 +68,19 @@ const std::array<Strips, 4> kStrips = {{
       "btn_Delete", "btn_Open"}},
     {128, 43, {"btn_Save", "btn_AddFavorites", "btn_History", "btn_Random"}},
 }};
+
+/// Every picture that the program loads.
+inline std::set<std::string> Names() {
+  constexpr int kHours = 14;
+  std::set<std::string> names;
+  for (const Picture& picture : kPictures) {
+    const bool is_row = picture.ground == Ground::kWhite;
+    for (int i = 0; i < (is_row ? kHours : 1); ++i) {
+      names.insert(picture.name + (is_row ? std::to_string(i) : std::string()));
+    }
+  }
+  for (const Strips& strips : kStrips) {
+    names.insert(strips.names.begin(), strips.names.end());
+  }
+  return names;
+}

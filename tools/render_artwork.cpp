@@ -14,6 +14,7 @@
 #include <iterator>
 #include <map>
 #include <random>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -45,11 +46,11 @@ std::string ReadText(const fs::path& file) {
 
 bool IsColor(const std::string& value) {
   return value.size() == 7 && value[0] == '#' &&
-         value.find_first_not_of("0123456789abcdefABCDEF", 1) == value.npos;
+         value.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string::npos;
 }
 
 bool IsNumber(const std::string& value) {
-  return !value.empty() && value.find_first_not_of("0123456789.-") == value.npos;
+  return !value.empty() && value.find_first_not_of("0123456789.-") == std::string::npos;
 }
 
 /// Lines "name #RRGGBB" or "name NUMBER"; a semicolon begins a comment.
@@ -71,18 +72,18 @@ Palette ReadPalette(const fs::path& file) {
 }
 
 void ReplaceAll(std::string& text, std::string_view what, std::string_view by) {
-  for (auto at = text.find(what); at != text.npos; at = text.find(what, at + by.size())) {
+  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
     text.replace(at, what.size(), by);
   }
 }
 
 /// "{name}" becomes the palette's value.
 std::string Colored(std::string text, const Palette& palette) {
-  for (auto at = text.find('{'); at != text.npos; at = text.find('{', at)) {
+  for (auto at = text.find('{'); at != std::string::npos; at = text.find('{', at)) {
     const auto end = text.find('}', at);
     const std::string name = text.substr(at + 1, end - at - 1);
     const auto color = palette.find(name);
-    if (end == text.npos || color == palette.end()) {
+    if (end == std::string::npos || color == palette.end()) {
       throw std::runtime_error("the palette has no \"" + name + '"');
     }
     text.replace(at, end - at + 1, color->second);
@@ -94,7 +95,7 @@ std::string Colored(std::string text, const Palette& palette) {
 /// filled with the file's own "grain-lit" and "grain-shade". The same each time.
 std::string Brushed(std::string text) {
   constexpr std::string_view kMark = "<!-- grain ";
-  for (auto at = text.find(kMark); at != text.npos; at = text.find(kMark, at)) {
+  for (auto at = text.find(kMark); at != std::string::npos; at = text.find(kMark, at)) {
     std::istringstream words(text.substr(at + kMark.size()));
     unsigned x = 0;
     unsigned y = 0;
@@ -358,11 +359,19 @@ class Artwork {
   std::string brand_;    ///< word, emblem and surfaces of the backgrounds
 };
 
-/// Whether a file is the source of one picture. The program's icon and the shapes that pictures
-/// share are none.
-bool IsSource(const fs::path& file) {
-  return file.extension() == ".svg" && file != "symbols.svg" && file != "brand.svg" &&
-         file != "nimbrel.svg";
+/// Makes what the sources draw, and takes it off `missing`. `at` tells where it stands.
+void MakeAll(const fs::path& sources, const fs::path& media, std::set<std::string>& missing,
+             fs::path& at) {
+  const Artwork artwork(sources, media);
+  for (const auto& entry : fs::recursive_directory_iterator(sources)) {
+    at = fs::relative(entry.path(), sources);
+    const bool is_shared = at == "symbols.svg" || at == "brand.svg" || at == "nimbrel.svg";
+    if (at.extension() == ".svg" && !is_shared) {
+      const std::string name = fs::path(at).replace_extension().string();
+      artwork.Make(name);
+      missing.erase(name);
+    }
+  }
 }
 
 }  // namespace
@@ -376,18 +385,15 @@ int main(int argc, char** argv) {
   const platform::Application application(argc, argv);
   qInstallMessageHandler(KeepWarning);
   fs::path at = "palette.txt";
+  std::set<std::string> missing = Names();
   try {
-    const fs::path sources = fs::absolute(argv[1]);
-    const Artwork artwork(sources, fs::absolute(argv[2]));
-    for (const auto& entry : fs::recursive_directory_iterator(sources)) {
-      at = fs::relative(entry.path(), sources);
-      if (IsSource(at)) {
-        artwork.Make(fs::path(at).replace_extension().string());
-      }
-    }
+    MakeAll(fs::absolute(argv[1]), fs::absolute(argv[2]), missing, at);
   } catch (const std::exception& error) {
     std::cerr << "nimbrel-artwork: " << at.string() << ": " << error.what() << '\n';
     return 1;
   }
-  return 0;
+  for (const std::string& name : missing) {
+    std::cerr << "nimbrel-artwork: " << name << ".svg is missing\n";
+  }
+  return missing.empty() ? 0 : 1;
 }
