@@ -59,15 +59,7 @@ class Collection {
  public:
   /// Null for what no install writes.
   WrittenFile* Find(const std::string& target) {
-    const std::string host = platform::HostPath(target);
-    const std::string folder = host.substr(0, host.find_last_of('/'));
-    if (target.empty() || !platform::FolderExists(folder) ||
-        !platform::LiesWithin(host, SimulatorRoot)) {
-      return nullptr;
-    }
-    WrittenFile& file = files_[platform::FoldName(host)];
-    file.target = host;
-    return &file;
+    return MayBeWritten(target) ? &Entry(platform::HostPath(target)) : nullptr;
   }
 
   void AddCopy(const FileCopy& copy) {
@@ -91,6 +83,18 @@ class Collection {
   }
 
  private:
+  static bool MayBeWritten(const std::string& target) {
+    return !target.empty() &&
+           platform::FolderExists(target.substr(0, target.find_last_of("\\/"))) &&
+           platform::LiesWithin(target, SimulatorRoot);
+  }
+
+  WrittenFile& Entry(const std::string& host) {
+    WrittenFile& file = files_[platform::FoldName(host)];
+    file.target = host;
+    return file;
+  }
+
   std::map<std::string, WrittenFile> files_;
 };
 
