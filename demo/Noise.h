@@ -5,35 +5,34 @@
 
 namespace demo {
 
-/// How a field of noise looks: lattice cells across the field in each direction, halved in size
-/// `octaves` - 1 times. The field tiles without a seam.
-struct NoiseShape {
-  int cells_x;
-  int cells_y;
-  int octaves;
+/// Lattice cells after which a field repeats, in each direction.
+struct Period {
+  int x;
+  int y;
 };
 
-/// Smooth values from 0 to 1, row by row, the same for the same arguments on every machine.
-class Noise {
- public:
-  Noise(int width, int height, const NoiseShape& shape, std::uint32_t seed);
+/// Gradient noise from about -1 to 1, repeating after `period` units; the same on every machine.
+float Perlin(float x, float y, const Period& period, std::uint32_t seed);
 
-  int width() const { return width_; }
-  int height() const { return height_; }
-  float At(int x, int y) const {
-    return values_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
-                   static_cast<std::size_t>(x)];
-  }
+/// `octaves` of it, each of half the size and half the weight of the one before.
+float Fbm(float x, float y, const Period& period, int octaves, std::uint32_t seed);
+
+/// A cube of noise that repeats after 1 in each direction, looked up between its points.
+class NoiseVolume {
+ public:
+  static constexpr int kSide = 64;
+
+  explicit NoiseVolume(std::vector<float> values) : values_(std::move(values)) {}
+  float At(float x, float y, float z) const;
 
  private:
-  void Add(int cells_x, int cells_y, float weight, std::uint32_t seed);
-
-  int width_;
-  int height_;
   std::vector<float> values_;
 };
 
-/// 0 below `low`, 1 above `high`, a smooth slope between.
-float Slope(float value, float low, float high);
+/// Rounded heaps, 0 in the clefts to 1 on the tops: three octaves of inverted cellular noise as
+/// Worley published it. Made at the first call.
+const NoiseVolume& Billows();
+/// Smooth gradient noise of four octaves, from about -1 to 1. Made at the first call.
+const NoiseVolume& Vapour();
 
 }  // namespace demo

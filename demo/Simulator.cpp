@@ -1,58 +1,21 @@
 #include "Simulator.h"
 
-#include <array>
+#include <functional>
+#include <span>
 #include <string>
 
+#include "Bmp.h"
+#include "Catalogue.h"
 #include "Files.h"
-#include "Options.h"
-#include "Scenes.h"
+#include "Ground.h"
+#include "Parallel.h"
+#include "SetFiles.h"
 
 namespace demo {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr int kTextureSide = 128;
-const QColor kOwnSun(255, 236, 190);
-const QColor kReplacementSun(255, 250, 240);
-
-/// The three folders that every install copies, whatever is selected.
-struct FixedFolder {
-  const char* folder;
-  const Group& look;
-  std::array<const char*, 4> files;
-};
-
-const std::array<FixedFolder, 3> kFixed{{
-    {"Cld", kCatalogue[kCirrus], {"cld_01", "cld_02", "cld_03", "cld_04"}},
-    {"cumulus", kCatalogue[kSolid], {"cumulus02", "cumulus03", "cumulus04", "cumulus05"}},
-    {"stratus", kCatalogue[kStratus], {"stratus01", "stratus02", "stratus03", "stratus04"}},
-}};
-
-constexpr std::array<const char*, 3> kSunFiles{"Corona1.bmp", "sun.bmp", "sun6.bmp"};
-
-void WriteSet(const fs::path& folder, const Group& group, int option) {
-  for (std::size_t i = 0; i < group.files.size() && group.files[i] != nullptr; ++i) {
-    WriteBmp(folder / (std::string(group.files[i]) + ".bmp"),
-             PaintTexture(group, option, static_cast<int>(i), kTextureSide));
-  }
-}
-
-void WriteFixed(const fs::path& folder, const FixedFolder& fixed, int option) {
-  for (std::size_t i = 0; i < fixed.files.size(); ++i) {
-    WriteBmp(folder / (std::string(fixed.files[i]) + ".bmp"),
-             PaintTexture(fixed.look, option, static_cast<int>(i) + 8, kTextureSide));
-  }
-}
-
-void WriteSuns(const fs::path& folder, const QColor& glow) {
-  int side = kTextureSide;
-  for (const char* name : kSunFiles) {
-    WriteBmp(folder / name, PaintSun(side, glow));
-    side /= 2;
-  }
-}
 
 std::string ContrailEffect(const char* title, const char* life) {
   std::string text = "; ";
@@ -101,64 +64,74 @@ void WriteHelp(const fs::path& file) {
   WriteBytes(file, std::as_bytes(std::span(text)));
 }
 
-void WriteCumulusInputs(const fs::path& data, const Group& group, int option) {
-  const std::string path = (data / group.set).string() + std::to_string(option);
-  for (const auto& [suffix, side] : {std::pair{"", 512}, std::pair{"_Fast", 256}}) {
-    const CumulusInput input = PaintCumulusInput(group, option, side);
-    WriteBmp(path + suffix + ".bmp", input.color);
-    WriteBmp(path + "_a" + suffix + ".bmp", input.alpha);
+/// The cumulus sheet that the simulator came with, of its own three inputs' cells.
+Texture OwnCumulus(const Library& library) {
+  Texture sheet = library.clouds[0].back().fast;
+  for (const auto group : {CloudGroup::kStratus, CloudGroup::kWispy}) {
+    const Texture& from = library.clouds[static_cast<std::size_t>(group)].back().fast;
+    for (const SheetCell& cell : CloudCells(group)) {
+      for (int y = cell.top / 2; y < (cell.top + cell.height) / 2; ++y) {
+        const std::ptrdiff_t start = (y * sheet.width + cell.left / 2) * 4;
+        std::copy_n(from.bgra.begin() + start, cell.width / 2 * 4, sheet.bgra.begin() + start);
+      }
+    }
+  }
+  return sheet;
+}
+
+/// The sets that the simulator came with stand behind the last of the catalogue's.
+void WriteOwnSets(const fs::path& root, const Library& library) {
+  for (std::size_t group = kCirrus; group < kGroups; ++group) {
+    const bool water = group == kBase || group == kEnvironment;
+    const fs::path folder = water             ? root / "Scenery/World/Texture"
+                            : group == kWaves ? root / "Effects/Texture"
+                                              : root / "Texture";
+    WriteSet(folder, library, group, kCatalogue[group].options.size());
   }
 }
 
-void WriteGroup(const fs::path& folder, const Group& group) {
-  for (int option = 0; option < kOptions; ++option) {
-    const std::string n = std::to_string(option);
-    WriteBmp(folder / "Media/Screen Shots" / (std::string(group.preview) + "_" + n + ".bmp"),
-             PaintScene(group, option, 400, 300));
-    if (*group.target == '\0') {
-      WriteCumulusInputs(folder / "Data", group, option);
-    } else {
-      WriteSet((folder / "Data" / group.set).string() + n, group, option);
-    }
+void WriteOption(const fs::path& folder, const Library& library, std::size_t group,
+                 std::size_t option) {
+  const std::string n = std::to_string(option);
+  const fs::path set = (folder / "Data" / kCatalogue[group].set).string() + n;
+  if (group < kCirrus) {
+    WriteSheet(set, library.clouds[group][option]);
+  } else {
+    WriteSet(set, library, group, option);
   }
+  const std::string preview = std::string(kCatalogue[group].preview) + "_" + n + ".bmp";
+  WriteBmp24(folder / "Media/Screen Shots" / preview, PaintPreview(library, group, option));
 }
 
 }  // namespace
 
-void WriteSimulator(const fs::path& root) {
+void WriteSimulator(const fs::path& root, const Library& library) {
   const fs::path texture = root / "Texture";
-  for (const Group& group : kCatalogue) {
-    if (*group.target != '\0') {
-      WriteSet(root / group.target, group, kOriginal);
-    }
-  }
-  for (const FixedFolder& fixed : kFixed) {
-    WriteFixed(texture, fixed, kOriginal);
-  }
+  WriteOwnSets(root, library);
+  WriteFixedClouds({texture, texture, texture}, true);
   WriteSuns(texture, kOwnSun);
-  WriteBmp(texture / "cumulus01.bmp", PaintTexture(kCatalogue[kSolid], kOriginal, 0, 256));
-  for (const char* untouched : {"runway.bmp", "grass.bmp", "roof.bmp"}) {
-    WriteBmp(texture / untouched, PaintTexture(kCatalogue[kBase], kOriginal, 9, kTextureSide));
-  }
+  WriteBmp32(texture / "cumulus01.bmp", OwnCumulus(library));
+  WriteBmp24(texture / "runway.bmp", PaintRunway(128));
+  WriteBmp24(texture / "grass.bmp", PaintGrass(128));
+  WriteBmp24(texture / "roof.bmp", PaintRoof(128));
   WriteDosText(root / "Effects/fx_contrail_s.fx", ContrailEffect("Contrail, short", "1.50,1.50"));
   WriteDosText(root / "Effects/fx_contrail_L.fx", ContrailEffect("Contrail, long", "30.50,30.50"));
 }
 
-void WriteProgramData(const fs::path& folder) {
+void WriteProgramData(const fs::path& folder, const Library& library) {
+  std::vector<std::function<void()>> jobs;
+  for (std::size_t group = kGroups; group-- > 0;) {  // the slowest previews first
+    for (std::size_t option = 0; option < kCatalogue[group].options.size(); ++option) {
+      jobs.emplace_back([&, group, option] { WriteOption(folder, library, group, option); });
+    }
+  }
+  DoAll(jobs);
   WriteInformationFile(folder / "NB_Information.cfg");
   WriteHelp(folder / "Nimbrel Help.pdf");
-  for (const Group& group : kCatalogue) {
-    WriteGroup(folder, group);
-  }
-  for (int hour = 0; hour < 14; ++hour) {
-    WriteBmp(folder / "Media/Screen Shots" / ("sky_mini_" + std::to_string(hour) + ".bmp"),
-             PaintSkyMini(hour));
-  }
-  for (const FixedFolder& fixed : kFixed) {
-    WriteFixed(folder / "Data/Clouds" / fixed.folder, fixed, 0);
-  }
+  const fs::path clouds = folder / "Data/Clouds";
+  WriteFixedClouds({clouds / "Cld", clouds / "cumulus", clouds / "stratus"}, false);
   WriteSuns(folder / "Data/Sun", kReplacementSun);
-  WriteBmp(folder / "Data/Sun/sun_halo.bmp", PaintSun(kTextureSide, kReplacementSun));
+  WriteBmp24(folder / "Data/Sun/sun_halo.bmp", PaintSun(kReplacementSun, 128));
   WriteSuns(folder / "Backups/TEX", kOwnSun);
   fs::create_directories(folder / "Favorites");
 }

@@ -19,9 +19,10 @@ int main(int argc, char** argv) {
   try {
     const auto simulator = std::filesystem::path(argv[1]) / "Flight Simulator 9";
     const auto program = simulator / "Modules" / "Nimbrel";
-    demo::WriteSimulator(simulator);
+    const demo::Library library = demo::PaintLibrary();
+    demo::WriteSimulator(simulator, library);
     demo::WriteSkin(program / "Media");
-    demo::WriteProgramData(program);
+    demo::WriteProgramData(program, library);
     std::filesystem::copy(NIMBREL_MEDIA, program / "Media",
                           std::filesystem::copy_options::recursive |
                               std::filesystem::copy_options::overwrite_existing);

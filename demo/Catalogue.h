@@ -3,17 +3,17 @@
 #include <array>
 #include <cstddef>
 #include <filesystem>
+#include <span>
 
 namespace demo {
 
-inline constexpr int kOptions = 5;  ///< options of each group
-
+/// What a pack author says of a set. A title of up to 18 letters fits every label of the program.
 struct Option {
   const char* title;
   const char* description;
 };
 
-enum GroupKind {
+enum GroupKind : std::size_t {
   kSolid,
   kStratus,
   kWispy,
@@ -24,23 +24,18 @@ enum GroupKind {
   kNight,
   kBase,
   kEnvironment,
-  kWaves
+  kWaves,
+  kGroups
 };
 
-/// One option group. The last two are folders and the files of a set; a cumulus group has none,
-/// its inputs are files named after the option.
 struct Group {
-  GroupKind kind;
   const char* prefix;   ///< of the keys
   const char* num_key;  ///< suffix of the highest-index key
   const char* preview;  ///< file name before "_<n>"
   const char* set;      ///< path under Data before the option's number
-  const char* target;   ///< folder in the simulator; empty: no set of files
-  std::array<const char*, 6> files;
-  std::array<Option, kOptions> options;
+  std::span<const Option> options;
 };
 
-inline constexpr std::size_t kGroups = 11;
 extern const std::array<Group, kGroups> kCatalogue;
 
 /// NB_Information.cfg with all groups, every option open to the randomizer.

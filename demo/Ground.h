@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Texture.h"
+
+namespace demo {
+
+/// Textures of the simulator that no install touches: a concrete runway, a meadow, a tiled roof.
+Texture PaintRunway(int side);
+Texture PaintGrass(int side);
+Texture PaintRoof(int side);
+
+}  // namespace demo

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Reflections.h"
+#include "SkyBox.h"
+#include "WaterColors.h"
+#include "Waves.h"
+
+namespace demo {
+
+/// The textures that a picture of water is made of.
+struct SeaTextures {
+  const WaveSet& waves;
+  const Texture& reflection;
+  const WaterSet& water;
+  const SkyBox& sky;
+  float sky_turn;  ///< degrees from north to where the sky's own sun stands
+  Vec3 sun;        ///< on the reflection map
+};
+
+/// From a boat's mast, `eye` metres above the water.
+Texture PreviewSea(const SeaTextures& textures, float eye, float heading);
+/// From the air, over the shore that shows the colours best.
+Texture PreviewShore(const SeaTextures& textures, Shore shore, std::uint32_t seed);
+
+}  // namespace demo

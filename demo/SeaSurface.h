@@ -1,0 +1,57 @@
+#pragma once
+
+#include <vector>
+
+#include "Reflections.h"
+#include "Waves.h"
+
+namespace demo {
+
+/// What the eye sees of a point of the water.
+struct SeaPoint {
+  Vec3 place;       ///< metres; z is the height over the mean
+  Vec3 ray;         ///< from the eye
+  float distance;   ///< metres
+  float footprint;  ///< metres that a pixel covers there, across the ray
+  Color base;       ///< light that comes out of the water
+};
+
+/// A sea of one set's waves under one reflection, both as their textures tell. The texture is laid
+/// twice, in two sizes and directions, so that its repetition does not show.
+class SeaSurface {
+ public:
+  SeaSurface(const WaveSet& waves, const Texture& reflection, const Vec3& sun);
+
+  float Height(float x, float y) const;
+  float Highest() const { return highest_; }
+  Color Shade(const SeaPoint& point) const;
+  /// Metres to the water along a ray from `eye` metres above it; 0 when it meets none within reach.
+  float Meet(const Vec3& ray, float eye) const;
+
+ private:
+  /// Slopes in the two directions, their mean square, and foam.
+  struct Slopes {
+    float x = 0.0F;
+    float y = 0.0F;
+    float square = 0.0F;
+    float foam = 0.0F;
+  };
+  struct Level {
+    int side;
+    std::vector<Slopes> points;
+  };
+
+  Slopes At(float x, float y, float footprint) const;
+  static Slopes Between(const Level& level, float u, float v);
+  Slopes Laid(float u, float v, float size) const;
+  Color Mirror(const SeaPoint& point, const Slopes& slopes) const;
+
+  std::vector<Level> levels_;
+  std::vector<float> heights_;
+  int side_;
+  float highest_ = 0.0F;
+  const Texture& reflection_;
+  Vec3 sun_;
+};
+
+}  // namespace demo

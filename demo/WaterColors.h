@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "Texture.h"
+
+namespace demo {
+
+enum WaterKind { kOcean, kCoast, kLake, kRiver, kTropic, kPolar, kWaterKinds };
+
+enum class Shore { kIslands, kAtoll, kLake, kRiver, kIce };
+
+/// Colours of a set by the kind of water, as light that comes back out of it.
+struct WaterRecipe {
+  std::array<Color, kWaterKinds> deep;
+  Color shallow;  ///< what the coast and the tropic drift to
+  float mottle;   ///< depth of the large patches
+  float streaks;  ///< of the lines that the wind draws
+  Shore shore;    ///< that its preview shows
+};
+
+/// In the catalogue's order, then what the simulator came with.
+std::span<const WaterRecipe> WaterRecipes();
+
+using WaterSet = std::array<Texture, kWaterKinds>;
+WaterSet PaintWater(const WaterRecipe& recipe, int side, std::uint32_t seed);
+
+}  // namespace demo
