@@ -5,7 +5,6 @@
 #include <iostream>
 
 #include "Simulator.h"
-#include "Skin.h"
 
 /// Lays out a small simulator folder with the program's folder two levels below it. What is in the
 /// way of its files is replaced; anything else is left alone.
@@ -21,7 +20,6 @@ int main(int argc, char** argv) {
     const auto program = simulator / "Modules" / "Nimbrel";
     const demo::Library library = demo::PaintLibrary();
     demo::WriteSimulator(simulator, library);
-    demo::WriteSkin(program / "Media");
     demo::WriteProgramData(program, library);
     std::filesystem::copy(NIMBREL_MEDIA, program / "Media",
                           std::filesystem::copy_options::recursive |
