@@ -1,6 +1,5 @@
 #include "Files.h"
 
-#include <QString>
 #include <fstream>
 #include <stdexcept>
 #include <string>
@@ -28,17 +27,6 @@ void WriteDosText(const fs::path& file, std::string_view utf8) {
     text += c == '\n' ? std::string("\r\n") : std::string(1, c);
   }
   WriteBytes(file, std::as_bytes(std::span(text)));
-}
-
-void WriteBmp(const fs::path& file, const QImage& picture) {
-  fs::create_directories(file.parent_path());
-  const bool saved = picture.depth() == 8
-                         ? picture.save(QString::fromStdString(file.string()), "BMP")
-                         : picture.convertToFormat(QImage::Format_RGB32)
-                               .save(QString::fromStdString(file.string()), "BMP");
-  if (!saved) {
-    throw std::runtime_error("cannot write " + file.string());
-  }
 }
 
 }  // namespace demo

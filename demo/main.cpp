@@ -1,5 +1,3 @@
-#include <QGuiApplication>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -13,8 +11,6 @@ int main(int argc, char** argv) {
     std::cerr << "usage: nimbrel-demo FOLDER\n";
     return 2;
   }
-  setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  const QGuiApplication application(argc, argv);
   try {
     const auto simulator = std::filesystem::path(argv[1]) / "Flight Simulator 9";
     const auto program = simulator / "Modules" / "Nimbrel";
