@@ -46,7 +46,7 @@ bool IsPath(std::string_view path) {
 }
 
 bool TakeOriginal(std::string_view line, Original& original) {
-  const auto word = std::find(kWords.begin(), kWords.end(), Take(line, ' '));
+  const auto* const word = std::find(kWords.begin(), kWords.end(), Take(line, ' '));
   if (word == kWords.end()) {
     return false;
   }

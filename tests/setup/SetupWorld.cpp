@@ -74,8 +74,8 @@ SetupWorld::~SetupWorld() {
   platform::SetApplicationFolder("");
 }
 
-Outcome SetupWorld::Setup(const std::vector<std::string>& arguments,
-                          const std::string& answers) const {
+Outcome SetupWorld::Run(const std::vector<std::string>& arguments,
+                        const std::string& answers) const {
   std::istringstream in(answers);
   std::ostringstream out;
   std::ostringstream err;

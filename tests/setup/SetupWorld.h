@@ -28,7 +28,7 @@ class SetupWorld : public testing::Test {
   SetupWorld();
   ~SetupWorld() override;
 
-  Outcome Setup(const std::vector<std::string>& arguments, const std::string& answers = "") const;
+  Outcome Run(const std::vector<std::string>& arguments, const std::string& answers = "") const;
   /// The simulator's files and folders without those of Nimbrel.
   Tree Simulator() const;
 

@@ -17,7 +17,7 @@ namespace {
 
 TEST_F(SetupWorld, PutsItselfInAndKeepsTheOriginals) {
   const Tree before = Simulator();
-  const Outcome outcome = Setup({"--yes", simulator});
+  const Outcome outcome = Run({"--yes", simulator});
   EXPECT_EQ(kDone, outcome.status) << outcome.err;
   EXPECT_EQ(before, Simulator());
   EXPECT_EQ("own TEXTURE/SUN.BMP", ReadText(Originals("files/TEXTURE/SUN.BMP")));
@@ -32,7 +32,7 @@ TEST_F(SetupWorld, PutsItselfInAndKeepsTheOriginals) {
 TEST_F(InstallWorld, BringsBackEveryByteAndNameAfterManyInstalls) {
   const Tree before = TreeOf(simulator);
   const Tree simulator_before = Simulator();
-  ASSERT_EQ(kDone, Setup({simulator}, "y\n").status);
+  ASSERT_EQ(kDone, Run({simulator}, "y\n").status);
   Install(0, true, true);
   EXPECT_EQ("pack Data/Sun/halo.bmp", ReadText(InSimulator("TEXTURE/halo.bmp")));
   Install(1, false, false);
@@ -47,36 +47,36 @@ TEST_F(InstallWorld, BringsBackEveryByteAndNameAfterManyInstalls) {
   fs::rename(InSimulator("scenery/world/Texture/base.bmp"),
              InSimulator("scenery/world/Texture/BASE.BMP"));
   WriteText(InSimulator("TEXTURE/~nimbrel-2147480000-1.tmp"), "half");
-  const Outcome restored = Setup({"--restore", simulator}, "y\n");
+  const Outcome restored = Run({"--restore", simulator}, "y\n");
   EXPECT_EQ(kDone, restored.status) << restored.err;
   EXPECT_EQ(simulator_before, Simulator());
   EXPECT_TRUE(fs::exists(Nimbrel("nimbrel")));
 
   Install(1, true, true);
   WriteText(Nimbrel("Favorites/Mine.nbf"), "mine");
-  ASSERT_EQ(kDone, Setup({"--remove", simulator}, "y\nn\n").status);
+  ASSERT_EQ(kDone, Run({"--remove", simulator}, "y\nn\n").status);
   EXPECT_EQ(simulator_before, Simulator());
   EXPECT_EQ((Tree{{"Data", "/"},
                   {"Data/History.nbh", "as the program does first"},
                   {"Favorites", "/"},
                   {"Favorites/Mine.nbf", "mine"}}),
             TreeOf(Nimbrel("")));
-  ASSERT_EQ(kDone, Setup({"--yes", simulator}).status);
-  ASSERT_EQ(kDone, Setup({"--restore", "--remove", simulator}, "y\ny\n").status);
+  ASSERT_EQ(kDone, Run({"--yes", simulator}).status);
+  ASSERT_EQ(kDone, Run({"--restore", "--remove", simulator}, "y\ny\n").status);
   EXPECT_EQ(before, TreeOf(simulator));
 }
 
 TEST_F(InstallWorld, ChangesNothingWithoutAYes) {
   const Tree before = TreeOf(simulator);
   for (const std::string answer : {"", "n\n", "\n", "yo\n"}) {
-    EXPECT_EQ(kFailed, Setup({simulator}, answer).status);
+    EXPECT_EQ(kFailed, Run({simulator}, answer).status);
     EXPECT_EQ(before, TreeOf(simulator));
   }
-  ASSERT_EQ(kDone, Setup({}, simulator.string() + "\nYes\n\n").status);
+  ASSERT_EQ(kDone, Run({}, simulator.string() + "\nYes\n\n").status);
   Install(1, true, true);
   const Tree installed = TreeOf(simulator);
   for (const char* task : {"--restore", "--remove"}) {
-    const Outcome outcome = Setup({task, simulator}, "n\n");
+    const Outcome outcome = Run({task, simulator}, "n\n");
     EXPECT_EQ(kFailed, outcome.status);
     EXPECT_NE(std::string::npos, outcome.out.find("TEXTURE/halo.bmp")) << outcome.out;
     EXPECT_EQ(installed, TreeOf(simulator));
@@ -90,10 +90,10 @@ TEST_F(SetupWorld, FindsTheFolderHoweverItIsWritten) {
   const std::string name = simulator.filename().string();
   for (const std::string& folder : {name, "./" + name + "//", temp.string() + "/link",
                                     temp.string() + "/from/../" + name + "/"}) {
-    EXPECT_EQ(kDone, Setup({"-y", folder}).status) << folder;
+    EXPECT_EQ(kDone, Run({"-y", folder}).status) << folder;
     EXPECT_TRUE(fs::exists(simulator / "MODULES/Nimbrel/NB_Information.cfg"));
     EXPECT_FALSE(fs::exists(simulator / "Modules"));
-    EXPECT_EQ(kDone, Setup({"--remove", "-y", "--", folder}).status);
+    EXPECT_EQ(kDone, Run({"--remove", "-y", "--", folder}).status);
   }
   fs::current_path("/");
 }
@@ -184,11 +184,11 @@ TEST_F(SetupWorld, RefusesWhatItCantDoAndChangesNothing) {
     }
     const Tree before = TreeOf(temp.path());
     std::vector<std::string> arguments = {"--yes"};
-    for (std::string argument : row.arguments) {
+    for (const std::string& argument : row.arguments) {
       arguments.push_back(argument.starts_with('@') ? simulator.string() + argument.substr(1)
                                                     : argument);
     }
-    const Outcome outcome = Setup(arguments);
+    const Outcome outcome = Run(arguments);
     EXPECT_EQ(row.status, outcome.status);
     EXPECT_NE(std::string::npos, outcome.err.find(row.message)) << outcome.err;
     EXPECT_EQ(before, TreeOf(temp.path()));
@@ -202,7 +202,7 @@ TEST_F(SetupWorld, RefusesWhatItCantDoAndChangesNothing) {
 
 TEST_F(SetupWorld, RefusesWhileTheProgramRuns) {
   sources.program = "/bin/sleep";
-  ASSERT_EQ(kDone, Setup({"--yes", simulator}).status);
+  ASSERT_EQ(kDone, Run({"--yes", simulator}).status);
   const pid_t child = fork();
   if (child == 0) {
     execl(Nimbrel("nimbrel").c_str(), "nimbrel", "60", nullptr);
@@ -214,11 +214,11 @@ TEST_F(SetupWorld, RefusesWhileTheProgramRuns) {
     usleep(10'000);
   }
   for (const char* task : {"--yes", "--restore", "--remove"}) {
-    EXPECT_NE(std::string::npos, Setup({"--yes", task, simulator}).err.find("is running")) << task;
+    EXPECT_NE(std::string::npos, Run({"--yes", task, simulator}).err.find("is running")) << task;
   }
   kill(child, SIGKILL);
   waitpid(child, nullptr, 0);
-  EXPECT_EQ(kDone, Setup({"--yes", "--remove", simulator}).status);
+  EXPECT_EQ(kDone, Run({"--yes", "--remove", simulator}).status);
 }
 
 // A device that fails, or a process that ends, at the n-th look at it.
@@ -242,7 +242,7 @@ TEST_F(SetupWorld, KilledAnywhereItCanBeRunAgain) {
     if (child == 0) {
       g_left = n;
       platform::SetFailureHook(EndLater);
-      Setup({"--yes", simulator});
+      Run({"--yes", simulator});
       _exit(0);
     }
     int status = 0;
@@ -251,9 +251,9 @@ TEST_F(SetupWorld, KilledAnywhereItCanBeRunAgain) {
     points += ended ? 1 : 0;
     ASSERT_EQ(simulator_before, Simulator()) << n;
     ASSERT_TRUE(!fs::exists(Nimbrel("nimbrel")) || fs::exists(Originals("manifest"))) << n;
-    ASSERT_EQ(kDone, Setup({"--yes", simulator}).status) << n;
+    ASSERT_EQ(kDone, Run({"--yes", simulator}).status) << n;
     WriteText(InSimulator("TEXTURE/DAY.bmp"), "installed");
-    ASSERT_EQ(kDone, Setup({"--yes", "--remove", simulator}).status) << n;
+    ASSERT_EQ(kDone, Run({"--yes", "--remove", simulator}).status) << n;
     ASSERT_EQ(before, TreeOf(simulator)) << n;
   }
   EXPECT_GT(points, 30);
@@ -266,25 +266,25 @@ TEST_F(SetupWorld, FailingAnywhereItTellsAndCanBeRunAgain) {
   for (const int n : {1, 2, 3, 4, 37, 38, 39, 40, 41, 60, 80}) {
     g_left = n;
     platform::SetFailureHook(FailLater);
-    const Outcome outcome = Setup({"--yes", simulator});
+    const Outcome outcome = Run({"--yes", simulator});
     platform::SetFailureHook(nullptr);
     EXPECT_EQ(kFailed, outcome.status) << n;
     EXPECT_NE(std::string::npos, outcome.err.find("found no room")) << outcome.err;
     EXPECT_EQ(simulator_before, Simulator()) << n;
-    EXPECT_EQ(kDone, Setup({"--yes", simulator}).status) << n;
-    EXPECT_EQ(kDone, Setup({"--yes", "--remove", simulator}).status) << n;
+    EXPECT_EQ(kDone, Run({"--yes", simulator}).status) << n;
+    EXPECT_EQ(kDone, Run({"--yes", "--remove", simulator}).status) << n;
     EXPECT_EQ(before, TreeOf(simulator)) << n;
   }
 }
 
 TEST_F(InstallWorld, RestoresWhatItCanAndKeepsTheRest) {
   const Tree simulator_before = Simulator();
-  ASSERT_EQ(kDone, Setup({"--yes", simulator}).status);
+  ASSERT_EQ(kDone, Run({"--yes", simulator}).status);
   Install(1, true, true);
   const fs::path day = InSimulator("TEXTURE/DAY.bmp");
   fs::permissions(day, fs::perms::owner_read);
   WriteText(Originals("files/TEXTURE/SUN.BMP"), "own TEXTURE/SUN.BMp");
-  const Outcome outcome = Setup({"--yes", "--remove", simulator});
+  const Outcome outcome = Run({"--yes", "--remove", simulator});
   EXPECT_EQ(kFailed, outcome.status);
   EXPECT_NE(std::string::npos, outcome.err.find("TEXTURE/DAY.bmp is read-only")) << outcome.err;
   EXPECT_NE(std::string::npos, outcome.err.find("TEXTURE/SUN.BMP could not")) << outcome.err;
@@ -293,7 +293,7 @@ TEST_F(InstallWorld, RestoresWhatItCanAndKeepsTheRest) {
   EXPECT_TRUE(fs::exists(Nimbrel("nimbrel")));
   fs::permissions(day, fs::perms::owner_write, fs::perm_options::add);
   WriteText(Originals("files/TEXTURE/SUN.BMP"), "own TEXTURE/SUN.BMP");
-  EXPECT_EQ(kDone, Setup({"--yes", "--restore", simulator}).status);
+  EXPECT_EQ(kDone, Run({"--yes", "--restore", simulator}).status);
   EXPECT_EQ(simulator_before, Simulator());
 }
 
@@ -301,24 +301,24 @@ TEST_F(InstallWorld, RestoresWhatItCanAndKeepsTheRest) {
 // for what is gone.
 TEST_F(InstallWorld, MendsAStoreThatLostFiles) {
   const Tree simulator_before = Simulator();
-  ASSERT_EQ(kDone, Setup({"--yes", simulator}).status);
+  ASSERT_EQ(kDone, Run({"--yes", simulator}).status);
   fs::remove(Nimbrel("nimbrel"));
   fs::remove_all(Originals("files/TEXTURE"));
-  ASSERT_EQ(kDone, Setup({"--yes", simulator}).status);
+  ASSERT_EQ(kDone, Run({"--yes", simulator}).status);
   Install(1, true, true);
-  EXPECT_EQ(kDone, Setup({"--yes", "--restore", simulator}).status);
+  EXPECT_EQ(kDone, Run({"--yes", "--restore", simulator}).status);
   EXPECT_EQ(simulator_before, Simulator());
 }
 
 TEST_F(InstallWorld, KeepsWhatANewOptionEndangersUnlessItIsInstalledAlready) {
-  ASSERT_EQ(kDone, Setup({"--yes", simulator}).status);
+  ASSERT_EQ(kDone, Run({"--yes", simulator}).status);
   Install(0, true, true);
   WriteText(InSimulator("TEXTURE/new.bmp"), "own new");
   WriteText(InSimulator("TEXTURE/placed.bmp"), "pack placed");
   WriteText(Nimbrel("Sets/night.0/new.bmp"), "pack new");
   WriteText(Nimbrel("Sets/night.1/placed.bmp"), "pack placed");
   WriteText(Nimbrel("NB_Information.cfg"), InformationText(1) + "; mine\r\n");
-  const Outcome again = Setup({"--yes", simulator});
+  const Outcome again = Run({"--yes", simulator});
   ASSERT_EQ(kDone, again.status) << again.err;
   EXPECT_NE(std::string::npos, again.out.find("will not touch it (1 file)")) << again.out;
   EXPECT_EQ("own TEXTURE/DAY.bmp", ReadText(Originals("files/TEXTURE/DAY.bmp")));
@@ -326,7 +326,7 @@ TEST_F(InstallWorld, KeepsWhatANewOptionEndangersUnlessItIsInstalledAlready) {
   Install(0, true, true);
   Install(1, true, true);
   EXPECT_EQ("pack new", ReadText(InSimulator("TEXTURE/new.bmp")));
-  ASSERT_EQ(kDone, Setup({"--yes", "--restore", simulator}).status);
+  ASSERT_EQ(kDone, Run({"--yes", "--restore", simulator}).status);
   EXPECT_EQ("own new", ReadText(InSimulator("TEXTURE/new.bmp")));
   EXPECT_EQ("pack placed", ReadText(InSimulator("TEXTURE/placed.bmp")));
 }
@@ -337,7 +337,7 @@ TEST_F(InstallWorld, TakesNoInstalledFileForAnOriginal) {
   fs::copy(pack, Nimbrel(""), fs::copy_options::recursive);
   Install(1, true, true);
   const Tree installed = Simulator();
-  const Outcome outcome = Setup({"--yes", simulator});
+  const Outcome outcome = Run({"--yes", simulator});
   ASSERT_EQ(kDone, outcome.status) << outcome.err;
   for (const char* file : {"TEXTURE/DAY.bmp", "TEXTURE/SUN.BMP", "TEXTURE/Cumulus01.bmp",
                            "effects/FX_contrail_s.fx"}) {
@@ -345,7 +345,7 @@ TEST_F(InstallWorld, TakesNoInstalledFileForAnOriginal) {
   }
   EXPECT_TRUE(fs::exists(Originals("files/scenery/world/Texture/base.bmp")));
   EXPECT_EQ("pack Backups/TEX/sun.bmp", ReadText(Nimbrel("Backups/TEX/sun.bmp")));
-  const Outcome removed = Setup({"--remove", simulator}, "y\n");
+  const Outcome removed = Run({"--remove", simulator}, "y\n");
   EXPECT_EQ(kDone, removed.status) << removed.err;
   EXPECT_NE(std::string::npos, removed.out.find("originals nobody knows")) << removed.out;
   EXPECT_EQ(installed, Simulator());
