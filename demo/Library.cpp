@@ -88,6 +88,9 @@ struct Backdrop {
 constexpr std::array<Backdrop, 3> kBackdrops{
     {{SkyPeriod::kDay, 0}, {SkyPeriod::kSunset, 6}, {SkyPeriod::kNight, 1}}};
 
+/// How much of the day's light falls into the water.
+constexpr std::array kLight{1.0F, 0.30F, 0.05F};
+
 SeaTextures Sea(const Library& library, std::size_t water, std::size_t reflection,
                 std::size_t waves, int period) {
   const auto at = static_cast<std::size_t>(period);
@@ -98,7 +101,9 @@ SeaTextures Sea(const Library& library, std::size_t water, std::size_t reflectio
           library.water[water],
           library.skies[sky][back.option],
           SkyRecipes(back.period)[back.option].azimuth,
-          ReflectedSun(period)};
+          ReflectedSun(period),
+          kLight[at],
+          false};
 }
 
 Texture PaintSkyPreview(const Library& library, SkyPeriod period, std::size_t option) {
@@ -120,6 +125,7 @@ Texture PaintShorePreview(const Library& library, std::size_t option) {
   SeaTextures textures = Sea(library, option, 0, 1, 0);
   textures.sky_turn += 150.0F;  // the sun behind the eye
   textures.sun = Direction(210.0F, 40.0F);
+  textures.behind = true;
   return PreviewShore(textures, WaterRecipes()[option].shore,
                       3 + static_cast<std::uint32_t>(option));
 }

@@ -22,8 +22,8 @@ Color MilkyWay(const Vec3& d) {
   const float band = Bell(latitude + 0.10F * cloud, 0.20F) * (0.55F + 0.9F * cloud + 0.35F * grain);
   const float rift = Bell(latitude + 0.05F + 0.22F * grain, 0.055F) * Clamp01(0.6F + 1.5F * cloud);
   const float core = Bell(latitude, 0.12F) * Bell(d.z - 0.25F, 0.35F);
-  return (Color{0.030F, 0.034F, 0.046F} * std::max(band, 0.0F) +
-          Color{0.024F, 0.017F, 0.011F} * core) *
+  return (Color{0.052F, 0.058F, 0.078F} * std::max(band, 0.0F) +
+          Color{0.050F, 0.036F, 0.024F} * core) *
          (1.0F - 0.75F * Clamp01(rift));
 }
 
@@ -80,15 +80,19 @@ Star NextStar(Random& random) {
   return {direction, color * power * Slope(0.0F, 0.12F, height)};
 }
 
+/// Round to the eye, wherever on its face it stands.
 void AddStar(SkyFaces& faces, const Star& star) {
+  constexpr float kWidth = 0.0034F;  // radians
+  constexpr int kReach = 3;
   const FacePlace place = PlaceOf(star.direction, faces[0].width);
   Canvas& face = faces[place.face];
   const int column = static_cast<int>(place.x + 0.5F);
   const int row = static_cast<int>(place.y + 0.5F);
-  for (int y = std::max(row - 2, 0); y <= std::min(row + 2, face.height - 1); ++y) {
-    for (int x = std::max(column - 2, 0); x <= std::min(column + 2, face.width - 1); ++x) {
-      const float distance = std::hypot(F(x) - place.x, F(y) - place.y);
-      face.color[face.Place(x, y)] += star.light * Bell(distance, 0.62F);
+  for (int y = std::max(row - kReach, 0); y <= std::min(row + kReach, face.height - 1); ++y) {
+    for (int x = std::max(column - kReach, 0); x <= std::min(column + kReach, face.width - 1);
+         ++x) {
+      const Vec3 to = FaceDirection(static_cast<int>(place.face), x, y, face.width);
+      face.color[face.Place(x, y)] += star.light * Bell(Length(to - star.direction), kWidth);
     }
   }
 }
@@ -100,7 +104,7 @@ Color NightGlow(const NightLights& lights, const Vec3& direction) {
     return {};
   }
   const float low = std::exp(-std::max(direction.z, 0.0F) / 0.22F);
-  Color light = Color{0.0045F, 0.0075F, 0.0125F} + Color{0.006F, 0.010F, 0.013F} * low;
+  Color light = Color{0.0045F, 0.0075F, 0.0135F} + Color{0.006F, 0.010F, 0.015F} * low;
   if (lights.milky_way > 0.0F) {
     light += MilkyWay(direction) * (lights.milky_way * Slope(0.0F, 0.15F, direction.z));
   }

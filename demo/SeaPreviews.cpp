@@ -31,7 +31,8 @@ Color SeaColor(const SeaTextures& textures, const SeaSurface& sea, const Eye& ey
   place.z += eye.height;
   const float footprint = distance / eye.camera.Scale() / std::sqrt(std::max(0.02F, -ray.z)) * 0.8F;
   const Color base =
-      textures.water[kOcean].Repeated(place.x / kBaseTile, place.y / kBaseTile).color;
+      textures.water[kOcean].Repeated(place.x / kBaseTile, place.y / kBaseTile).color *
+      textures.light;
   const Color seen = sea.Shade({place, ray, distance, footprint, base});
   const Color air = SkyAt(textures, eye.camera, x, eye.camera.Horizon() - 3.0F);
   return Mix(seen, air, 1.0F - std::exp(-distance / 9000.0F));
@@ -40,7 +41,7 @@ Color SeaColor(const SeaTextures& textures, const SeaSurface& sea, const Eye& ey
 }  // namespace
 
 Texture PreviewSea(const SeaTextures& textures, float eye, float heading) {
-  const SeaSurface sea(textures.waves, textures.reflection, textures.sun);
+  const SeaSurface sea(textures.waves, textures.reflection, textures.sun, textures.behind);
   const Eye view{{heading, 0.36F, 60.0F, kWidth, kHeight}, eye};
   Canvas canvas(kWidth, kHeight);
   for (int y = 0; y < kHeight; ++y) {
@@ -59,7 +60,7 @@ Texture PreviewSea(const SeaTextures& textures, float eye, float heading) {
 }
 
 Texture PreviewShore(const SeaTextures& textures, Shore shore, std::uint32_t seed) {
-  const SeaSurface sea(textures.waves, textures.reflection, textures.sun);
+  const SeaSurface sea(textures.waves, textures.reflection, textures.sun, textures.behind);
   const Land land(shore, seed);
   const Eye view{{0.0F, 0.24F, 58.0F, kWidth, kHeight}, land.Eye()};
   Canvas canvas(kWidth, kHeight);

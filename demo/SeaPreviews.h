@@ -15,6 +15,8 @@ struct SeaTextures {
   const SkyBox& sky;
   float sky_turn;  ///< degrees from north to where the sky's own sun stands
   Vec3 sun;        ///< on the reflection map
+  float light;     ///< of the period, 1 for the day
+  bool behind;     ///< the sun and its image lie behind the eye
 };
 
 /// From a boat's mast, `eye` metres above the water.

@@ -20,8 +20,9 @@ constexpr float Part(float value) { return value - F(Floor(value)); }
 
 }  // namespace
 
-SeaSurface::SeaSurface(const WaveSet& waves, const Texture& reflection, const Vec3& sun)
-    : side_(waves.surface.width), reflection_(reflection), sun_(sun) {
+SeaSurface::SeaSurface(const WaveSet& waves, const Texture& reflection, const Vec3& sun,
+                       bool behind)
+    : side_(waves.surface.width), reflection_(reflection), sun_(sun), turn_(behind ? -1.0F : 1.0F) {
   Level first{side_, {}};
   for (std::size_t i = 0; i < waves.surface.bgra.size(); i += 4) {
     const auto byte = [&](std::size_t k) { return static_cast<float>(waves.surface.bgra[i + k]); };
@@ -137,11 +138,11 @@ Color SeaSurface::Mirror(const SeaPoint& point, const Slopes& slopes) const {
   for (const Vec3& tilt : kTilts) {
     const Vec3 up = Normalize({-slopes.x - tilt.x * rough, -slopes.y - tilt.y * rough, 1.0F});
     Vec3 out = point.ray - up * (2.0F * Dot(point.ray, up));
-    out.z = std::abs(out.z) + 0.01F;
+    out = {out.x * turn_, out.y * turn_, std::abs(out.z) + 0.01F};
     const Color light = Reflected(reflection_, Normalize(out));
     // The brightest steps stand for light that no picture holds.
     const float over = std::max(0.0F, Luminance(light) - 0.80F);
-    sum += light * ((1.0F + 14.0F * over) * tilt.z);
+    sum += light * ((1.0F + 9.0F * over) * tilt.z);
   }
   return sum;
 }
@@ -156,7 +157,7 @@ Color SeaSurface::Shade(const SeaPoint& point) const {
   const float lit = 0.72F + 0.38F * Dot(up, sun_);
   const float thin =
       Clamp01(point.place.z * 0.28F) * Clamp01(0.4F + 2.0F * m * (slopes.y > 0 ? 0.3F : 1.0F));
-  const Color body = point.base * (lit + 0.9F * thin);
+  const Color body = point.base * (1.35F * lit + 0.9F * thin);
   const Color water = body * (1.0F - mirror) + Mirror(point, slopes) * mirror;
   return Mix(water, Color{0.80F, 0.84F, 0.86F} * (0.55F + 0.45F * Dot(up, sun_)),
              0.9F * slopes.foam);

@@ -20,7 +20,9 @@ struct SeaPoint {
 /// twice, in two sizes and directions, so that its repetition does not show.
 class SeaSurface {
  public:
-  SeaSurface(const WaveSet& waves, const Texture& reflection, const Vec3& sun);
+  /// With `behind` the map is turned half round, so that its sun stands behind an eye that looks
+  /// north.
+  SeaSurface(const WaveSet& waves, const Texture& reflection, const Vec3& sun, bool behind);
 
   float Height(float x, float y) const;
   float Highest() const { return highest_; }
@@ -52,6 +54,7 @@ class SeaSurface {
   float highest_ = 0.0F;
   const Texture& reflection_;
   Vec3 sun_;
+  float turn_;  ///< 1, or -1 for the map turned half round
 };
 
 }  // namespace demo

@@ -26,6 +26,7 @@ struct SkyRecipe {
   float saturation;
   Color tint;  ///< overhead, and at the horizon
   Color low;
+  float streaks;  ///< thin far clouds, 0 for none to 1
   float heading;  ///< of the preview
   Foreground foreground;
   NightLights lights;

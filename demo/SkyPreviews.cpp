@@ -48,7 +48,7 @@ void DrawRidge(Canvas& canvas, const Camera& camera, const SkyBox& box, const Ri
     const Color low = Stretch(box, camera, F(x), camera.Horizon() - 4.0F);
     const Color high = Stretch(box, camera, F(x), camera.Horizon() * 0.55F);
     const Color air = Mix(low, high, 0.55F);
-    const Color land = Mix(air * Color{0.07F, 0.08F, 0.10F}, air, ridge.haze);
+    const Color land = Mix(air * Color{0.05F, 0.06F, 0.08F}, air, ridge.haze * 0.8F);
     const float top = camera.Horizon() - RidgeLine(ridge, index, F(x), seed);
     for (int y = std::max(0, static_cast<int>(top)); y < kHeight; ++y) {
       const float deep = Clamp01((F(y) - top) / (0.25F * F(kHeight)));
