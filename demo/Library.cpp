@@ -163,7 +163,7 @@ Texture PaintPreview(const Library& library, std::size_t group, std::size_t opti
       return PreviewSea(Sea(library, 0, option, 1, period), 22.0F, 0.0F);
     }
     case kWaves:
-      return PreviewSea(Sea(library, 0, 0, option, 0), 5.0F, 20.0F);
+      return PreviewSea(Sea(library, 0, 1, option, 0), 5.0F, 20.0F);
     default:
       return PaintSkyPreview(library, kPeriods[group - kSunrise], option);
   }

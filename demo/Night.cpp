@@ -82,7 +82,7 @@ Star NextStar(Random& random) {
 
 /// Round to the eye, wherever on its face it stands.
 void AddStar(SkyFaces& faces, const Star& star) {
-  constexpr float kWidth = 0.0034F;  // radians
+  constexpr float kWidth = 0.0027F;  // radians
   constexpr int kReach = 3;
   const FacePlace place = PlaceOf(star.direction, faces[0].width);
   Canvas& face = faces[place.face];

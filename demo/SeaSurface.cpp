@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Noise.h"
+
 namespace demo {
 
 namespace {
@@ -159,8 +161,12 @@ Color SeaSurface::Shade(const SeaPoint& point) const {
       Clamp01(point.place.z * 0.28F) * Clamp01(0.4F + 2.0F * m * (slopes.y > 0 ? 0.3F : 1.0F));
   const Color body = point.base * (1.35F * lit + 0.9F * thin);
   const Color water = body * (1.0F - mirror) + Mirror(point, slopes) * mirror;
-  return Mix(water, Color{0.80F, 0.84F, 0.86F} * (0.55F + 0.45F * Dot(up, sun_)),
-             0.9F * slopes.foam);
+  // Foam is a net with holes, closed only where it is fresh.
+  constexpr Period kFar{1 << 14, 1 << 14};
+  const float net =
+      Fbm(point.place.x * 1.7F + 4000.0F, point.place.y * 1.7F + 4000.0F, kFar, 4, 17);
+  const float foam = Clamp01(1.5F * slopes.foam * Slope(-0.22F, 0.30F, net + 0.4F * slopes.foam));
+  return Mix(water, Color{0.80F, 0.84F, 0.86F} * (0.55F + 0.45F * Dot(up, sun_)), 0.92F * foam);
 }
 
 float SeaSurface::Meet(const Vec3& ray, float eye) const {

@@ -7,8 +7,8 @@ namespace demo {
 namespace {
 
 const std::array kRecipes{
-    WaterRecipe{{{{0.010F, 0.050F, 0.085F},
-                  {0.020F, 0.095F, 0.110F},
+    WaterRecipe{{{{0.005F, 0.060F, 0.115F},
+                  {0.012F, 0.125F, 0.150F},
                   {0.012F, 0.055F, 0.070F},
                   {0.030F, 0.070F, 0.065F},
                   {0.010F, 0.110F, 0.140F},

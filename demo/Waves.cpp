@@ -10,7 +10,7 @@ namespace {
 constexpr WaveRecipe kRecipes[] = {
     {1.9F, 20, 2.0F, 0.05F, 0.3F, 0.14F, 48},  {3.3F, 35, 2.0F, 0.34F, 0.8F, 0.10F, 48},
     {5.0F, 15, 3.0F, 1.00F, 0.9F, 0.20F, 48},  {2.4F, 60, 2.0F, 0.12F, 0.6F, 1.70F, 48},
-    {6.4F, 25, 3.0F, 1.80F, 0.95F, 0.50F, 48}, {8.2F, 20, 4.0F, 3.20F, 0.95F, 1.00F, 96},
+    {6.4F, 25, 3.0F, 1.80F, 1.05F, 0.50F, 48}, {8.2F, 20, 4.0F, 3.20F, 1.10F, 1.00F, 96},
     {4.0F, 0, 2.0F, 0.30F, 0.0F, 0.0F, 48},
 };
 constexpr float kGravity = 9.81F;
@@ -147,7 +147,7 @@ float Foam(const Sea& sea, const Rest& at) {
   const float xx = 1.0F + slope(sea.shift_x, 1, 0);
   const float yy = 1.0F + slope(sea.shift_y, 0, 1);
   const float xy = slope(sea.shift_x, 0, 1);
-  return Slope(0.62F, 0.20F, xx * yy - xy * xy);
+  return Slope(0.72F, 0.30F, xx * yy - xy * xy);
 }
 
 }  // namespace
