@@ -47,7 +47,7 @@ std::string_view Describe(FileStatus status) {
   constexpr auto kWords = std::to_array<std::string_view>(
       {"is in place", "was not found", "has no folder to go to", "is read-only",
        "may not be written by this user", "found no room on the disk", "is in use",
-       "would lie outside its folder", "is not a file", "could not be written"});
+       "would lie outside its folder", "is not a file", "is too large", "could not be written"});
   const auto index = static_cast<std::size_t>(status);
   return index < kWords.size() ? kWords[index] : kWords.back();
 }

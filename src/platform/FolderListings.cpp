@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <memory>
 #include <unordered_map>
 
@@ -30,7 +31,11 @@ std::unordered_map<std::string, Listing> listings;
 
 bool FolderStamp(const std::string& folder, FileStamp& stamp) {
   struct stat facts {};
-  if (stat(folder.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode)) {
+  if (stat(folder.c_str(), &facts) != 0) {
+    return false;
+  }
+  if (!S_ISDIR(facts.st_mode)) {
+    errno = ENOTDIR;
     return false;
   }
   stamp = StampOf(facts);
@@ -80,7 +85,9 @@ const Listing* GoodListing(const std::string& folder) {
   }
   Listing& listing = listings[folder];
   if (!IsGood(listing, stamp) && !Read(folder, listing)) {
+    const int error = errno;
     listings.erase(folder);
+    errno = error;
     return nullptr;
   }
   return &listing;
@@ -112,13 +119,17 @@ bool ScanFolder(const std::string& folder, const std::function<void(const dirent
   if (!stream) {
     return false;
   }
-  while (const dirent* entry = readdir(stream.get())) {
+  for (;;) {
+    errno = 0;  // the only sign that tells a failure from the end
+    const dirent* const entry = readdir(stream.get());
+    if (entry == nullptr) {
+      return errno == 0;
+    }
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..") {
       visit(*entry);
     }
   }
-  return true;
 }
 
 bool FindIgnoringCase(const std::string& folder, std::string_view name, std::string& found) {

@@ -16,12 +16,13 @@ struct PathParts {
 PathParts SplitPath(const std::string& path);
 std::string JoinPath(const std::string& folder, std::string_view name);
 
-/// Calls `visit` for each entry of a folder but "." and "..". False when it can't be read.
+/// Calls `visit` for each entry of a folder but "." and "..". False when it can't be read to
+/// its end, with the reason in errno.
 bool ScanFolder(const std::string& folder, const std::function<void(const dirent& entry)>& visit);
 
 /// Finds the name in `folder` that equals `name` but for its case; of several the first in byte
-/// order, and empty when there is none. False when the folder can't be read. Answers from a listing
-/// that is read once and again only when the folder's stamp says so.
+/// order, and empty when there is none. False when the folder can't be read, with the reason in
+/// errno. Answers from a listing that is read once and again only when the folder's stamp says so.
 bool FindIgnoringCase(const std::string& folder, std::string_view name, std::string& found);
 
 /// Lives round a change that the program itself makes in a folder, and keeps the folder's listing

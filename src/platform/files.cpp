@@ -12,6 +12,7 @@
 #include "platform/Descriptor.h"
 #include "platform/FileSteps.h"
 #include "platform/FolderListings.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 
 namespace platform {
@@ -77,17 +78,28 @@ bool IsFolder(const std::string& host) {
   return stat(host.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
 
-std::vector<std::string> MatchingFiles(const std::string& folder, std::string_view pattern,
-                                       std::uint16_t attributes) {
+/// What the lack of something says, after a look for it that may have failed itself.
+FileStatus Absence(int error, int unread, FileStatus absent) {
+  if (error != ENOENT && error != ENOTDIR) {
+    return StatusFromErrno(error);
+  }
+  return unread == 0 ? absent : StatusFromErrno(unread);
+}
+
+std::vector<std::string> MatchingFiles(std::string_view path, std::string_view pattern,
+                                       std::uint16_t attributes, FileStatus& status) {
+  int unread = 0;
+  const std::string folder = FindHostPath(path, unread);
   const std::string folded = FoldName(pattern);
   std::vector<std::pair<std::string, std::string>> found;
-  ScanFolder(folder, [&](const dirent& entry) {
+  const bool scanned = ScanFolder(folder, [&](const dirent& entry) {
     std::string key = FoldName(entry.d_name);
     if (IsListed(entry.d_name, attributes) && MatchesPattern(folded, key) &&
         (entry.d_type == DT_REG || IsFile(JoinPath(folder, entry.d_name)))) {
       found.emplace_back(std::move(key), entry.d_name);
     }
   });
+  status = scanned ? FileStatus::kOk : Absence(errno, unread, FileStatus::kNoSource);
   std::sort(found.begin(), found.end());
   std::vector<std::string> names;
   names.reserve(found.size());
@@ -138,10 +150,10 @@ FileStatus ReadOpened(const Descriptor& file, std::size_t limit, std::vector<std
   limit = std::min(limit, SIZE_MAX - 1);
   const auto size = static_cast<std::size_t>(facts.st_size);
   if (size > limit) {
-    return FileStatus::kOther;
+    return FileStatus::kTooLarge;
   }
   const int error = ReadAll(file.Number(), size, limit, bytes);
-  return error == 0 && bytes.size() > limit ? FileStatus::kOther : StatusFromErrno(error);
+  return error == 0 && bytes.size() > limit ? FileStatus::kTooLarge : StatusFromErrno(error);
 }
 
 bool TakeNumber(std::string_view& text, pid_t& number) {
@@ -173,7 +185,11 @@ bool IsLeftOver(std::string_view name) {
 
 }  // namespace
 
-std::vector<std::string> ListFiles(std::string_view pattern, std::uint16_t attributes) {
+std::vector<std::string> ListFiles(std::string_view pattern, std::uint16_t attributes,
+                                   FileStatus* status) {
+  FileStatus ignored = FileStatus::kOk;
+  FileStatus& result = status == nullptr ? ignored : *status;
+  result = FileStatus::kOk;
   const std::size_t cut = pattern.find_last_of("\\/");
   const std::size_t start = cut == std::string_view::npos ? 0 : cut + 1;
   const std::string_view last = pattern.substr(start);
@@ -182,7 +198,7 @@ std::vector<std::string> ListFiles(std::string_view pattern, std::uint16_t attri
     return {};
   }
   if (last.find_first_of("*?") != std::string_view::npos) {
-    return MatchingFiles(HostPath(start == 0 ? "." : pattern.substr(0, start)), last, attributes);
+    return MatchingFiles(start == 0 ? "." : pattern.substr(0, start), last, attributes, result);
   }
   const std::string host = HostPath(pattern);
   std::string name = SplitPath(host).name;
@@ -209,10 +225,11 @@ bool CreateFolder(std::string_view path) {
 }
 
 FileStatus DeleteFile(std::string_view path) {
-  const std::string host = HostPath(path);
+  int unread = 0;
+  const std::string host = FindHostPath(path, unread);
   struct stat entry {};
   if (lstat(host.c_str(), &entry) != 0) {
-    return errno == ENOENT || errno == ENOTDIR ? FileStatus::kOk : StatusFromErrno(errno);
+    return Absence(errno, unread, FileStatus::kOk);
   }
   if (const FileStatus status = Deletable(host, entry); status != FileStatus::kOk) {
     return status;
@@ -231,14 +248,11 @@ FileStatus DeleteFile(std::string_view path) {
 
 std::optional<std::vector<std::byte>> ReadFile(std::string_view path, std::size_t limit,
                                                FileStatus* status) {
-  const Descriptor file(open(HostPath(path).c_str(), kOpenToRead));
+  int unread = 0;
+  const Descriptor file(open(FindHostPath(path, unread).c_str(), kOpenToRead));
   std::vector<std::byte> bytes;
-  FileStatus result = FileStatus::kNoSource;
-  if (file.IsOpen()) {
-    result = ReadOpened(file, limit, bytes);
-  } else if (errno != ENOENT && errno != ENOTDIR) {
-    result = StatusFromErrno(errno);
-  }
+  const FileStatus result = file.IsOpen() ? ReadOpened(file, limit, bytes)
+                                          : Absence(errno, unread, FileStatus::kNoSource);
   if (status != nullptr) {
     *status = result;
   }

@@ -32,6 +32,7 @@ enum class FileStatus : std::uint8_t {
   kBusy,          ///< held open by somebody; may pass
   kOutside,       ///< would lead outside the folder it has to stay in
   kNotAFile,      ///< a folder or a device stands where a file is meant
+  kTooLarge,      ///< longer than the reader takes
   kOther,
 };
 
@@ -47,8 +48,10 @@ std::string HostPath(std::string_view path);
 /// Names of the entries that match `pattern`, whose last component may hold the wildcards * and ?
 /// ("*.*" matches every name, as the platform has it). Folders are never listed. Hidden files (a
 /// name that begins with a full stop) need kHidden in the mask. Sorted by folded name, so that two
-/// runs see one order. Empty when the folder is missing.
-std::vector<std::string> ListFiles(std::string_view pattern, std::uint16_t attributes);
+/// runs see one order. Empty when the folder is missing or can't be read; `status` tells which when
+/// it is given: kNoSource, or the reason.
+std::vector<std::string> ListFiles(std::string_view pattern, std::uint16_t attributes,
+                                   FileStatus* status = nullptr);
 
 bool FileExists(std::string_view path);    ///< a regular file (links followed)
 bool FolderExists(std::string_view path);  ///< a folder (links followed)

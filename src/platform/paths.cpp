@@ -56,17 +56,20 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &facts) == 0;
 }
 
+bool IsAbsence(int error) { return error == ENOENT || error == ENOTDIR; }
+
 /// The path as it is or would be on disk. At most two looks at the disk for an existing folder.
-std::string MatchCase(std::string path) {
+std::string MatchCase(std::string path, int& unread) {
   if (path == "." || path == "/" || Exists(path)) {
     return path;
   }
   auto [folder, name] = SplitPath(path);
   std::string found;
   if (!FindIgnoringCase(folder, name, found)) {
-    folder = MatchCase(std::move(folder));
-    if (!Exists(JoinPath(folder, name))) {
-      FindIgnoringCase(folder, name, found);
+    folder = MatchCase(std::move(folder), unread);
+    if (!Exists(JoinPath(folder, name)) && !FindIgnoringCase(folder, name, found) &&
+        !IsAbsence(errno)) {
+      unread = errno;
     }
   }
   return JoinPath(folder, found.empty() ? name : found);
@@ -110,11 +113,17 @@ bool IsBelow(const std::string& real, const std::string& root) {
 }  // namespace
 
 std::string HostPath(std::string_view path) {
+  int unread = 0;
+  return FindHostPath(path, unread);
+}
+
+std::string FindHostPath(std::string_view path, int& unread) {
+  unread = 0;
   if (path.empty() || path.find('\0') != std::string_view::npos) {
     return {};
   }
   std::string text = Normalise(path);
-  return text.size() < PATH_MAX ? MatchCase(text) : text;
+  return text.size() < PATH_MAX ? MatchCase(text, unread) : text;
 }
 
 Descriptor OpenReal(const std::string& host, int flags, std::string& real) {

@@ -7,6 +7,10 @@
 
 namespace platform {
 
+/// HostPath, with the errno value of a folder that could not be looked into on the way, else 0. A
+/// path that then seems to lead nowhere may be there in another case.
+std::string FindHostPath(std::string_view path, int& unread);
+
 /// Opens a host path, links followed, and gives its real path, which is empty when the system has
 /// none for it.
 Descriptor OpenReal(const std::string& host, int flags, std::string& real);

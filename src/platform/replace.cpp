@@ -287,9 +287,11 @@ int CopyWhole(int from, const struct stat& before, int to) {
 FileStatus OpenSource(std::string_view path, std::string_view root, Descriptor& source,
                       struct stat& facts) {
   std::string real;
-  source = OpenReal(HostPath(path), kOpenToRead, real);
+  int unread = 0;
+  source = OpenReal(FindHostPath(path, unread), kOpenToRead, real);
   if (!source.IsOpen()) {
-    return errno == ENOENT || errno == ENOTDIR ? FileStatus::kNoSource : StatusFromErrno(errno);
+    const bool absent = errno == ENOENT || errno == ENOTDIR;
+    return absent && unread == 0 ? FileStatus::kNoSource : StatusFromErrno(absent ? unread : errno);
   }
   if (fstat(source.Number(), &facts) != 0 || !S_ISREG(facts.st_mode)) {
     return FileStatus::kNotAFile;
@@ -298,8 +300,14 @@ FileStatus OpenSource(std::string_view path, std::string_view root, Descriptor& 
 }
 
 FileStatus LocateTarget(std::string_view path, std::string_view root, Place& place) {
-  const std::string host = HostPath(path);
-  return host.empty() ? FileStatus::kNoFolder : Locate(host, root, Links::kFollow, place);
+  int unread = 0;
+  const std::string host = FindHostPath(path, unread);
+  const FileStatus status =
+      host.empty() ? FileStatus::kNoFolder : Locate(host, root, Links::kFollow, place);
+  const bool absent =
+      status == FileStatus::kNoFolder || (status == FileStatus::kOk && !place.exists);
+  // A second file that differs only in case must not come to stand beside one that was not seen.
+  return absent && unread != 0 ? StatusFromErrno(unread) : status;
 }
 
 }  // namespace

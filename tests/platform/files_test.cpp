@@ -175,7 +175,7 @@ TEST(ReadFile, IsBoundedAndNeverWaits) {
   };
   constexpr auto kRows = std::to_array<Row>({{"/F", 5, kOk},
                                              {"/f", SIZE_MAX, kOk},
-                                             {"/f", 4, kOther},
+                                             {"/f", 4, kTooLarge},
                                              {"/missing", 9, kNoSource},
                                              {"/f/x", 9, kNoSource},
                                              {"", 9, kNotAFile},

@@ -248,7 +248,7 @@ TEST(IniFile, TakesNoiseAndSizeAsTheyCome) {
   EXPECT_EQ(noise + "\n[end of noise]\nk=22", file.Bytes());
   fs::resize_file(file.folder / "File.cfg", (16U << 20U) + 1);
   EXPECT_EQ("none", file.Get("end of noise", "k"));
-  EXPECT_EQ(FileStatus::kOther, WritePrivateProfileStringA("a", "k", "2", file.path));
+  EXPECT_EQ(FileStatus::kTooLarge, WritePrivateProfileStringA("a", "k", "2", file.path));
 }
 
 }  // namespace
