@@ -43,6 +43,9 @@ std::vector<SettingsRecord> DecodeHistory(std::span<const std::byte> bytes) {
   return entries;
 }
 
+/// Whether HistoryEntries lacks what the file holds: the system would not read it just then.
+bool history_unread = false;
+
 std::vector<std::byte> EncodeHistory(const std::vector<SettingsRecord>& entries) {
   std::vector<std::byte> bytes;
   bytes.reserve(entries.size() * kRecordBytes);
@@ -58,25 +61,42 @@ void TakeEntries(std::vector<SettingsRecord> entries) {
   HistoryLastIndex = static_cast<std::int16_t>(static_cast<int>(HistoryEntries.size()) - 1);
 }
 
+platform::FileStatus ReadEntries() {
+  using platform::FileStatus;
+  FileStatus status = FileStatus::kOk;
+  const auto bytes = platform::ReadFile(HistoryFile(), kLargestFile, &status);
+  TakeEntries(bytes ? DecodeHistory(*bytes) : std::vector<SettingsRecord>());
+  history_unread = status != FileStatus::kOk && status != FileStatus::kNoSource &&
+                   status != FileStatus::kNotAFile && status != FileStatus::kTooLarge;
+  return status;
+}
+
+void RequireWritten(platform::FileStatus status) {
+  if (status != platform::FileStatus::kOk) {
+    throw RunTimeFailure("The history file " + std::string(platform::Describe(status)) + ".");
+  }
+}
+
 }  // namespace
 
 void ReadHistory() {
   platform::RemoveTemporaries(DataFolder());
-  const auto bytes = platform::ReadFile(HistoryFile(), kLargestFile);
-  TakeEntries(bytes ? DecodeHistory(*bytes) : std::vector<SettingsRecord>());
+  ReadEntries();
 }
 
 void AppendHistory(std::int16_t Source) {
+  // Else the file would be replaced by one without the entries that could not be read before.
+  if (history_unread) {
+    const platform::FileStatus status = ReadEntries();
+    RequireWritten(history_unread ? status : platform::FileStatus::kOk);
+  }
   std::vector<SettingsRecord> entries = HistoryEntries;
   entries.push_back(SelectionToRecord(Source));
   if (entries.size() > kMostEntries) {
     entries.erase(entries.begin(), entries.end() - static_cast<std::ptrdiff_t>(kMostEntries));
   }
-  const platform::FileStatus status = platform::ReplaceFile(HistoryFile(), EncodeHistory(entries),
-                                                            platform::Durability::kFlushedRename);
-  if (status != platform::FileStatus::kOk) {
-    throw RunTimeFailure("The history file " + std::string(platform::Describe(status)) + ".");
-  }
+  RequireWritten(platform::ReplaceFile(HistoryFile(), EncodeHistory(entries),
+                                       platform::Durability::kFlushedRename));
   TakeEntries(std::move(entries));
 }
 

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <cerrno>
 #include <cmath>
@@ -135,6 +136,22 @@ TEST(History, AFailedAppendChangesNothing) {
     EXPECT_EQ(2U, HistoryEntries.size());
     EXPECT_EQ(NumberedFile(72), ReadText(tree.Program(kFile))) << step;
   }
+}
+
+TEST(History, EntriesThatCouldNotBeReadAreNotReplaced) {
+  const SimulatorTree tree;
+  WriteText(tree.Program(kFile), NumberedFile(72));
+  rlimit descriptors{};
+  ASSERT_EQ(0, getrlimit(RLIMIT_NOFILE, &descriptors));
+  const rlimit none{.rlim_cur = 0, .rlim_max = descriptors.rlim_max};
+  ASSERT_EQ(0, setrlimit(RLIMIT_NOFILE, &none));
+  ReadHistory();
+  EXPECT_THROW(AppendHistory(0), RunTimeFailure);
+  ASSERT_EQ(0, setrlimit(RLIMIT_NOFILE, &descriptors));
+  EXPECT_EQ(-1, HistoryLastIndex);
+  AppendHistory(0);
+  EXPECT_EQ(2, HistoryLastIndex);
+  EXPECT_EQ(NumberedFile(72), ReadText(tree.Program(kFile)).substr(0, 72));
 }
 
 TEST(History, LoadsOnlyEntriesThatAreThere) {
