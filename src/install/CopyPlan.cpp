@@ -49,9 +49,9 @@ constexpr std::array<std::array<Destination, kMostGroups>, kFamilies> kDestinati
 }};
 
 /// The names in a set folder. A set path that names a file or nothing has none.
-std::vector<std::string> SetFiles(const std::string& folder) {
+std::vector<std::string> SetFiles(const std::string& folder, platform::FileStatus& status) {
   return platform::ListFiles(folder + "*.*",
-                             platform::kReadOnly | platform::kHidden | platform::kSystem);
+                             platform::kReadOnly | platform::kHidden | platform::kSystem, &status);
 }
 
 /// Written files by the folded name of their host path, under which two spellings are one file.
@@ -150,7 +150,7 @@ CopyPlan PlanCopies(const CopyRoute& route) {
   if (route.source.empty() || route.destination.empty()) {
     return plan;
   }
-  const std::vector<std::string> names = SetFiles(route.source);
+  const std::vector<std::string> names = SetFiles(route.source, plan.listed);
   plan.found = names.size();
   for (std::size_t i = 0; i < std::min(names.size(), kMostFiles); ++i) {
     const std::string target = platform::Trim(names[i]);

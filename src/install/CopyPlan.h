@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/files.h"
+
 namespace nimbrel {
 
 /// What an install puts where, apart from the doing: the run copies by it, and the setup keeps by
@@ -53,8 +55,9 @@ struct FileCopy {
   std::string target;
 };
 struct CopyPlan {
-  std::vector<FileCopy> copies;  ///< at most 100
-  std::size_t found = 0;         ///< all the names of the source folder
+  std::vector<FileCopy> copies;                             ///< at most 100
+  std::size_t found = 0;                                    ///< all the names of the source folder
+  platform::FileStatus listed = platform::FileStatus::kOk;  ///< how the look into it went
 };
 CopyPlan PlanCopies(const CopyRoute& route);
 

@@ -31,6 +31,7 @@ void WaitForNextTry() {
 template <typename FileDone>
 void CopyFiles(const CopyRoute& route, FileDone file_done) {
   const CopyPlan plan = PlanCopies(route);
+  NoteCopy(route.destination, plan.listed);  // how many files that are is not known
   for (const FileCopy& copy : plan.copies) {
     if (!copy.target.empty()) {
       ReplaceSimulatorFile(copy.source, copy.target);

@@ -23,12 +23,8 @@ void ApplySun(bool on) {
 }
 
 void ApplyContrails(bool on) {
-  const std::string folder = SimulatorEffects();
-  if (!platform::FolderExists(folder)) {
-    return;  // silent, as every missing destination folder
-  }
   for (const ContrailEffect& effect : kContrailEffects) {
-    const std::string file = folder + effect.file;
+    const std::string file = SimulatorEffects() + effect.file;
     const bool inside = platform::LiesWithin(file, SimulatorRoot);
     NoteCopy(file, inside
                        ? WriteIniString("Particle.0", "Lifetime", on ? effect.on : effect.off, file)
