@@ -14,6 +14,17 @@ std::string TempBitmapFile(std::string_view name) {
   return TempBitmapsFolder() + "\\" + platform::Trim(name) + ".bmp";
 }
 
+platform::FileStatus SheetTrouble = platform::FileStatus::kOk;
+
+void NoteSheet(platform::FileStatus status) {
+  using platform::FileStatus;
+  const bool trouble = status != FileStatus::kOk && status != FileStatus::kNoSource &&
+                       status != FileStatus::kNotAFile && status != FileStatus::kTooLarge;
+  if (trouble && SheetTrouble == FileStatus::kOk) {
+    SheetTrouble = status;
+  }
+}
+
 InputSlot* BitmapFunctions::Slot(std::int16_t slot) {
   const auto index = static_cast<std::size_t>(slot);
   return slot >= 0 && index < slots_.size() ? &slots_[index] : nullptr;
@@ -25,8 +36,10 @@ bool BitmapFunctions::Load(std::int16_t slot, std::string_view path) {
     return false;
   }
   input->dc = platform::CreateCompatibleDC({});
-  input->bitmap =
-      platform::LoadImageA(path, platform::LR_LOADFROMFILE | platform::LR_CREATEDIBSECTION);
+  platform::FileStatus status = platform::FileStatus::kOk;
+  input->bitmap = platform::LoadImageA(
+      path, platform::LR_LOADFROMFILE | platform::LR_CREATEDIBSECTION, &status);
+  NoteSheet(status);
   return platform::SelectObject(input->dc, input->bitmap);
 }
 
@@ -80,8 +93,10 @@ bool BitmapFunctions::Save(std::string_view name) {
   }
   const auto pixels = std::as_bytes(std::span(sheet_.pixels));
   file.insert(file.end(), pixels.begin(), pixels.end());
-  return platform::ReplaceFile(TempBitmapFile(name), file, platform::Durability::kRename) ==
-         platform::FileStatus::kOk;
+  const platform::FileStatus status =
+      platform::ReplaceFile(TempBitmapFile(name), file, platform::Durability::kRename);
+  NoteSheet(status);
+  return status == platform::FileStatus::kOk;
 }
 
 void BitmapFunctions::ReleaseInput(std::int16_t slot) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/files.h"
 #include "platform/gdi.h"
 
 namespace nimbrel {
@@ -16,6 +17,12 @@ namespace nimbrel {
 std::string TempBitmapsFolder();
 /// The path of a working file by its bare name; blanks round the name go.
 std::string TempBitmapFile(std::string_view name);
+
+/// Why the system would not read or write a file of the composer, the first time it would not; kOk
+/// while it did. A file that is missing, or no picture, is no such trouble. Cleared by who begins a
+/// texture, set through NoteSheet.
+extern platform::FileStatus SheetTrouble;
+void NoteSheet(platform::FileStatus status);
 
 /// A cloud input of one side. An empty handle says that there is no such object; the context's own
 /// bitmap says whether one is selected.

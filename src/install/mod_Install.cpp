@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "install/BitmapFunctions.h"
 #include "install/CopyFailures.h"
 #include "install/CopyPlan.h"
 #include "install/mod_CloudComposer.h"
@@ -77,8 +78,15 @@ void LoadCloudInput(std::int16_t input, const std::string& suffix) {
 /// A catalogue that names no place for the texture gets none, in silence, as with an empty
 /// destination of a set. A run without any texture to put in place is an error: the user asked for
 /// clouds that can't be made, and the simulator keeps those it has.
+///
+/// When the system would not read an input or write a sheet, what there is would be a texture with
+/// holes, or that of an earlier selection: the simulator keeps its own then, and the user is told.
 void PlaceCumulus() {
   const std::string source = ComposedCumulus();
+  if (SheetTrouble != platform::FileStatus::kOk) {
+    NoteCopy(CumulusTarget(), SheetTrouble);
+    return;
+  }
   if (!platform::FileExists(source)) {
     throw RunTimeFailure(
         "No cumulus cloud texture could be made, so Flight Simulator keeps the one it has.");
@@ -92,6 +100,7 @@ void PlaceCumulus() {
 void InstallCumulus(double, double) {
   const std::int16_t size_index = IsOn(Switches().chk_Fast) ? 1 : 0;
   Announce(94, kCreating);
+  SheetTrouble = platform::FileStatus::kOk;
   for (std::int16_t input = 0; input < 3; ++input) {
     LoadCloudInput(input, size_index == 1 ? "_Fast" : "");
   }

@@ -219,11 +219,11 @@ HBITMAP DecodeBitmapFile(Bytes file) {
   return bitmap;
 }
 
-HBITMAP LoadImageA(std::string_view path, std::uint32_t flags) {
+HBITMAP LoadImageA(std::string_view path, std::uint32_t flags, FileStatus* status) {
   if ((flags & LR_LOADFROMFILE) == 0) {
     return {};
   }
-  const auto file = ReadFile(path, kLargestFile);
+  const auto file = ReadFile(path, kLargestFile, status);
   return file ? DecodeBitmapFile(*file) : HBITMAP();
 }
 

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/files.h"
+
 namespace platform {
 
 /// The part of the graphics device interface that the program calls, in plain C++. Handles own what
@@ -83,8 +85,9 @@ inline constexpr std::uint32_t LR_CREATEDIBSECTION = 0x2000;
 /// Decodes an uncompressed BMP file of 1, 4, 8, 16, 24 or 32 bits, rows in either direction, plain
 /// or with channel masks. Depths of 1 and 4 bits widen to 8, 16 to 24; 8, 24 and 32 keep their
 /// depth and colour table. Empty for a missing, malformed, truncated or run-length coded file, one
-/// over 128 MiB, a side of 0 or over 16384, and the 12-byte header of the oldest writers.
-HBITMAP LoadImageA(std::string_view path, std::uint32_t flags);
+/// over 128 MiB, a side of 0 or over 16384, and the 12-byte header of the oldest writers. `status`
+/// tells, when it is given, how the reading of the file went.
+HBITMAP LoadImageA(std::string_view path, std::uint32_t flags, FileStatus* status = nullptr);
 
 /// A zero-filled bitmap of the header's size and depth (8, 24 or 32 bits), with the info's colours.
 HBITMAP CreateDIBSection(const HDC& dc, const BitmapInfo& info);
