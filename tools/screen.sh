@@ -165,31 +165,24 @@ look() {
 # press WHAT PART X Y: presses there and waits until that part of the main window has changed and
 # stands still again.
 press() {
-  local what=$1 part=$2 seen
+  local seen
   seen=$(mktemp -d)
-  look "$seen/before.png" "$part"
+  look "$seen/before.png" "$2"
+  cp "$seen/before.png" "$seen/now.png"
   click "$3" "$4"
-  wait_until "change by $what" looks_different "$seen/before.png" "$part" "$seen/now.png"
-  wait_until "rest after $what" stands_still "$part" "$seen"
+  wait_until "rest after a change by $1" rests_changed "$seen" "$2"
   rm -r "$seen"
 }
-looks_different() {
-  look "$3" "$2"
-  ! same_picture "$1" "$3"
+rests_changed() { # FOLDER PART
+  mv "$1/now.png" "$1/last.png"
+  look "$1/now.png" "$2"
+  same_picture "$1/last.png" "$1/now.png" && ! same_picture "$1/before.png" "$1/now.png"
 }
+
+# looks_like FILE PART: whether that part of the main window looks so. Leaves what it saw beside FILE.
 looks_like() {
-  local result=1 seen
-  seen=$(mktemp -d)
-  look "$seen/now.png" "$2"
-  same_picture "$1" "$seen/now.png" && result=0
-  rm -r "$seen"
-  return $result
-}
-stands_still() {
-  look "$2/one.png" "$1"
-  sleep 0.1
-  look "$2/two.png" "$1"
-  same_picture "$2/one.png" "$2/two.png"
+  look "$1.now.png" "$2"
+  same_picture "$1" "$1.now.png"
 }
 
 # message_shows MEDIA ICON: whether the dialog stands with that kind's icon and its checkmark enabled.
