@@ -104,7 +104,7 @@ Texture PreviewClouds(CloudGroup group, const Texture& sheet, const SkyBox& sky,
       return Puff{ahead, Across(i, ahead, random), base, width, cell};
     });
   } else {
-    DrawField(canvas, sky, sprites, 64, 22.0F, 1.5F, [&](int i, float ahead) {
+    DrawField(canvas, sky, sprites, 42, 22.0F, 1.7F, [&](int i, float ahead) {
       const std::size_t cell = random.Next() % 3 == 0 ? 1 : 0;
       const float width = (cell == 0 ? 3.2F : 1.6F) * random.Between(0.8F, 1.25F);
       return Puff{ahead, Across(i, ahead, random), random.Between(0.10F, 0.50F), width, cell};

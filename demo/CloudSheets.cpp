@@ -89,9 +89,9 @@ const std::array kSolid{
         {0.15F, 1.0F, 0.08F, 4.0F, 0.02F, 1.0F, 0.08F, 30, kFrontLight, kSun * 0.9F, kSky, kEarth}},
 };
 const std::array kStratus{
-    CloudRecipe{
-        Form::kLayer,
-        {-1.0F, 3.0F, 0.16F, 3.0F, 0.10F, 3.0F, 0.22F, 6, kFrontLight, kSun, kSky * 1.2F, kEarth}},
+    CloudRecipe{Form::kLayer,
+                {-1.0F, 3.0F, 0.16F, 3.0F, 0.10F, 3.0F, 0.22F, 2.2F, kFrontLight, kSun, kSky * 1.2F,
+                 kEarth}},
     CloudRecipe{Form::kLayer,
                 {0.30F, 2.4F, 0.12F, 4.0F, 0.06F, 2.5F, 0.12F, 40, kFrontLight, kSun * 0.5F,
                  kSky * 0.85F, kEarth}},
@@ -100,9 +100,9 @@ const std::array kStratus{
     CloudRecipe{Form::kRoll,
                 {0.26F, 1.7F, 0.14F, 4.0F, 0.05F, 1.8F, 0.16F, 18, kFrontLight, kSun * 0.95F,
                  kSky * 1.2F, kEarth * 2.0F}},
-    CloudRecipe{
-        Form::kLayer,
-        {-1.0F, 3.6F, 0.26F, 5.0F, 0.20F, 6.0F, 0.22F, 6, kBackLight, kSun, kSky * 1.1F, kEarth}},
+    CloudRecipe{Form::kLayer,
+                {-1.0F, 3.6F, 0.26F, 5.0F, 0.20F, 6.0F, 0.22F, 1.1F, kBackLight, kSun, kSky * 1.1F,
+                 kEarth}},
     CloudRecipe{Form::kRoll,
                 {-1.0F, 1.4F, 0.18F, 7.0F, 0.03F, 1.0F, 0.06F, 22, kSideLight, kSun, kSky, kEarth}},
     CloudRecipe{

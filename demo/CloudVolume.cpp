@@ -111,9 +111,9 @@ float Relief(const CloudLook& look, const Vec3& p, const Vec3& shift) {
   return large * 0.72F + small * 0.28F;
 }
 
-/// 1 inside, 0 within a twelfth of the height of the picture's edges.
-float EdgeFade(int x, int y, int width, int height) {
-  const float wide = 0.085F * F(height);
+/// 1 inside, 0 at the picture's edges; what the wind draws out fades sooner.
+float EdgeFade(int x, int y, int width, int height, float wisp) {
+  const float wide = (0.085F + 0.8F * std::max(0.0F, wisp - 0.10F)) * F(height);
   const float near = F(std::min(std::min(x, width - 1 - x), std::min(y, height - 1 - y)));
   return Slope(0.0F, wide, near - 1.0F);
 }
@@ -142,7 +142,8 @@ Grid Density(const std::vector<Blob>& blobs, const CloudLook& look, int width, i
         const float foot = look.base < 0.0F
                                ? 1.0F
                                : Slope(-0.012F, 0.05F, p.y - look.base + 0.05F * (head - 0.5F));
-        row[x] = full * full * (3.0F - 2.0F * full) * foot * EdgeFade(x, y, width, height);
+        row[x] =
+            full * full * (3.0F - 2.0F * full) * foot * EdgeFade(x, y, width, height, look.wisp);
       }
     }
   }

@@ -14,7 +14,6 @@ namespace {
 
 using Jobs = std::vector<std::function<void()>>;
 
-constexpr int kSheetSide = 512;
 constexpr int kWaterSide = 256;
 constexpr int kBaseSide = 128;
 
@@ -144,12 +143,14 @@ Library PaintLibrary() {
 }
 
 Texture PaintPreview(const Library& library, std::size_t group, std::size_t option) {
+  constexpr std::size_t kEveningGold = 5;
   const SkyBox& day = library.skies[1][0];
   const auto number = static_cast<std::uint32_t>(option);
   switch (group) {
     case kSolid:
     case kStratus:
-      return PreviewClouds(kCloudGroups[group], library.clouds[group][option].large, day,
+      return PreviewClouds(kCloudGroups[group], library.clouds[group][option].large,
+                           group == kSolid && option == kEveningGold ? library.skies[2][6] : day,
                            50 + Seed(group, number));
     case kWispy:
       return PreviewWisps(library.clouds[kWispy][option].large, library.clouds[kSolid][0].large,

@@ -86,8 +86,8 @@ void AddStar(SkyFaces& faces, const Star& star) {
   constexpr int kReach = 3;
   const FacePlace place = PlaceOf(star.direction, faces[0].width);
   Canvas& face = faces[place.face];
-  const int column = static_cast<int>(place.x + 0.5F);
-  const int row = static_cast<int>(place.y + 0.5F);
+  const int column = Floor(place.x + 0.5F);
+  const int row = Floor(place.y + 0.5F);
   for (int y = std::max(row - kReach, 0); y <= std::min(row + kReach, face.height - 1); ++y) {
     for (int x = std::max(column - kReach, 0); x <= std::min(column + kReach, face.width - 1);
          ++x) {

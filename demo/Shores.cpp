@@ -100,6 +100,7 @@ Land::Land(Shore shore, std::uint32_t seed) : shore_(shore), seed_(seed) {
   for (int j = 0; j < kPoints; ++j) {
     for (int i = 0; i < kPoints; ++i) {
       heights_.push_back(Form(F(i) * kStep - kSize / 2, F(j) * kStep));
+      highest_ = std::max(highest_, heights_.back());
     }
   }
 }
@@ -116,8 +117,11 @@ float Land::Height(float x, float y) const {
 
 Land::Hit Land::Meet(const Vec3& ray, float eye) const {
   constexpr float kReach = 30000.0F;
+  // Above the highest peak no ray meets anything.
+  const float clear = (eye - highest_) / std::max(-ray.z, 1e-4F);
+  const float last = ray.z > 0.0F ? std::min(kSize, (highest_ - eye) / ray.z) : kSize;
   float before = 0.0F;
-  for (float t = 200.0F; t < kSize; t += std::max(7.0F, t * 0.008F)) {
+  for (float t = std::max(200.0F, clear); t < last; t += std::max(7.0F, t * 0.008F)) {
     const auto above = [&](float at) {
       return eye + ray.z * at - std::max(0.0F, Height(ray.x * at, ray.y * at));
     };

@@ -33,6 +33,7 @@ class Land {
   Shore shore_;
   std::uint32_t seed_;
   std::vector<float> heights_;
+  float highest_ = 0.0F;
 };
 
 }  // namespace demo
