@@ -1,15 +1,19 @@
 // What the rings cost: a frame of the cloud ring (four pictures of 400 by 300 scaled into their
 // slots, with shadows and outlines) beside a bare loop of the same four scaled draws; a whole turn
-// beside its waits; and what 1,000 turns leave behind. Ends with failure when a bound is passed.
+// of the cloud and of the water ring, from the button's release to the final picture, beside its
+// waits; and what 1,000 turns leave behind, or as many as the argument says. Ends with failure when
+// a bound is passed.
 
 #include <fcntl.h>
 #include <malloc.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QWidget>
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -21,6 +25,7 @@
 
 #include "platform/forms.h"
 #include "settings/Catalogue.h"
+#include "settings/Selection.h"
 #include "settings/mod_Main.h"
 #include "shell/Pages.h"
 #include "shell/RefreshMainPage.h"
@@ -83,14 +88,18 @@ QImage MakePicture(int group) {
 
 std::vector<QImage> FillCatalogue(const std::filesystem::path& folder) {
   std::vector<QImage> pictures;
-  auto& table = nimbrel::Catalogue.Tables[nimbrel::kCloud];
-  table.Create(4, 0);
-  for (std::int16_t group = 0; group < 4; ++group) {
-    const auto file = folder / ("picture" + std::to_string(group) + ".bmp");
-    MakePicture(group).save(QString::fromStdString(file.string()));
-    platform::GdipLoadImageFromFile(file.string(), table.Cell(group, 0)->Preview);
-    pictures.emplace_back(QString::fromStdString(file.string()));
+  for (const auto& [family, groups] : {std::pair{nimbrel::kCloud, 4}, {nimbrel::kWater, 3}}) {
+    auto& table = nimbrel::Catalogue.Tables[static_cast<std::size_t>(family)];
+    table.Create(static_cast<std::int16_t>(groups), 0);
+    for (int group = 0; group < groups; ++group) {
+      const auto file = folder / ("picture" + std::to_string(group) + ".bmp");
+      MakePicture(group).save(QString::fromStdString(file.string()));
+      platform::GdipLoadImageFromFile(file.string(),
+                                      table.Cell(static_cast<std::int16_t>(group), 0)->Preview);
+      pictures.emplace_back(QString::fromStdString(file.string()));
+    }
   }
+  pictures.resize(4);
   return pictures;
 }
 
@@ -129,30 +138,55 @@ bool FramesHold(nimbrel::RingPage& page, const std::vector<QImage>& pictures) {
   return frame <= kMostFrame && ratio <= kMostFrameRatio;
 }
 
-bool TurnsHold() {
+QWidget* Button(const char* form, const char* name) {
+  for (QWidget* window : QApplication::allWidgets()) {
+    if (window->objectName() == form) {
+      return window->findChild<QWidget*>(name)->findChild<QWidget*>("pic_BG");
+    }
+  }
+  return nullptr;
+}
+
+/// Milliseconds from the release of the button to the end of what it does.
+double Press(QWidget& button) {
+  const QPointF place(20, 20);
+  QMouseEvent press(QEvent::MouseButtonPress, place, button.mapToGlobal(place), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QMouseEvent release(QEvent::MouseButtonRelease, place, button.mapToGlobal(place), Qt::LeftButton,
+                      Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(&button, &press);
+  const auto start = Clock::now();
+  QApplication::sendEvent(&button, &release);
+  return Since(start);
+}
+
+bool TurnsHold(const char* form, const std::int16_t& front) {
   std::vector<double> turns;
   for (int round = 0; round < kTurnRounds; ++round) {
-    const auto start = Clock::now();
-    nimbrel::TurnCloudRing(TurnDirection::kClockwise);
-    turns.push_back(Since(start));
+    const std::int16_t before = front;
+    turns.push_back(Press(*Button(form, "btn_Clockwise")));
+    if (front == before) {
+      std::printf("%s did not turn\n", form);
+      return false;
+    }
   }
   const double ratio = Median(turns) / kWaits;
-  std::printf("turn: %.1f ms, %.3f of its waits (at most %.2f)\n", Median(turns), ratio,
+  std::printf("turn of %s: %.1f ms, %.3f of its waits (at most %.2f)\n", form, Median(turns), ratio,
               kMostTurnRatio);
   return ratio <= kMostTurnRatio;
 }
 
-bool NothingStays() {
+bool NothingStays(int turns) {
   nimbrel::TurnCloudRing(TurnDirection::kClockwise);
   const std::size_t held = mallinfo2().uordblks;
   const long opened = opened_files;
-  for (int turn = 0; turn < kManyTurns; ++turn) {
+  for (int turn = 0; turn < turns; ++turn) {
     nimbrel::TurnCloudRing(turn % 2 == 0 ? TurnDirection::kClockwise
                                          : TurnDirection::kCounterclockwise);
   }
   const auto grown = static_cast<long>(mallinfo2().uordblks) - static_cast<long>(held);
-  std::printf("%d turns: %ld files opened, %ld bytes more held\n", kManyTurns,
-              opened_files - opened, grown);
+  std::printf("%d turns: %ld files opened, %ld bytes more held\n", turns, opened_files - opened,
+              grown);
   return opened_files == opened && grown < 64 * 1024;
 }
 
@@ -163,16 +197,21 @@ int main(int argc, char** argv) {
   std::string name = (std::filesystem::temp_directory_path() / "nimbrel-rings-XXXXXX").string();
   const std::filesystem::path folder = mkdtemp(name.data());
   const std::vector<QImage> pictures = FillCatalogue(folder);
+  nimbrel::DispatchClick = nimbrel::RunClick;
   nimbrel::RingPage& page = nimbrel::CloudPage();
   nimbrel::RefreshMainPage();
   nimbrel::MainForm().form.Show();
+  nimbrel::ShowPage(nimbrel::WaterPage().form);
+  nimbrel::DrawWaterPage();
+  const bool water = TurnsHold("frm_Water", nimbrel::WaterFrontGroup);
   nimbrel::ShowPage(page.form);
   nimbrel::DrawCloudPage();
   std::printf("screen: %s\n", QGuiApplication::platformName().toUtf8().constData());
   const bool counts = opened_files > 0;  // else the count below would prove nothing
   const bool frames = FramesHold(page, pictures);
-  const bool turns = TurnsHold();
-  const bool held = NothingStays() && frames && turns && counts;
+  const bool cloud = TurnsHold("frm_3d", nimbrel::CloudFrontGroup);
+  const int turns = argc > 1 ? std::atoi(argv[1]) : kManyTurns;
+  const bool held = NothingStays(turns) && frames && cloud && water && counts;
   std::filesystem::remove_all(folder);
   std::fflush(stdout);
   _exit(held ? EXIT_SUCCESS : EXIT_FAILURE);

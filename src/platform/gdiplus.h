@@ -30,6 +30,8 @@ enum TextRenderingHint : std::uint8_t {
   TextRenderingHintAntiAlias = 4,
 };
 enum StringAlignment : std::uint8_t { StringAlignmentNear = 0, StringAlignmentCenter = 1 };
+/// Alpha, red, green and blue of 8 bits, the colours multiplied by alpha.
+enum PixelFormat : std::uint32_t { PixelFormat32bppPARGB = 0x000E200B };
 enum FontStyle : std::uint8_t { FontStyleRegular = 0, FontStyleBold = 1 };
 
 struct RectF {
@@ -99,10 +101,17 @@ Status GdipFillRectangle(const GpGraphics& graphics, const GpBrush& brush, float
 /// the clip.
 Status GdipDrawImageRect(const GpGraphics& graphics, const GpImage& image, float x, float y,
                          float width, float height);
+/// The same with a part of the image, whose pixels are [x, x + width) by [y, y + height) of it.
+Status GdipDrawImageRectRect(const GpGraphics& graphics, const GpImage& image,
+                             const RectF& destination, const RectF& source);
 
 /// Decodes a picture file of any kind the image library reads, wholly and at once, into the pixel
 /// form that draws fastest (4 bytes a pixel). Sides over 16384 fail before memory is taken.
 Status GdipLoadImageFromFile(std::string_view path, GpImage& image);
+/// A transparent bitmap to draw on.
+Status GdipCreateBitmapFromScan0(int width, int height, PixelFormat format, GpImage& bitmap);
+/// Draws into the image from here on; several may be open on one image.
+Status GdipGetImageGraphicsContext(const GpImage& image, GpGraphics& graphics);
 Status GdipDisposeImage(GpImage& image);
 Status GdipGetImageWidth(const GpImage& image, std::uint32_t& width);
 Status GdipGetImageHeight(const GpImage& image, std::uint32_t& height);

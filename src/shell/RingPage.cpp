@@ -5,6 +5,7 @@
 #include "platform/system.h"
 #include "settings/Selection.h"
 #include "shell/PageForm.h"
+#include "shell/mod_GDIP_Rings.h"
 
 namespace nimbrel {
 namespace {
@@ -42,6 +43,15 @@ const RingPageLook kWaterLook{
     "Click change the selected water texture option.",
 };
 
+std::vector<ReadyFrame> FramesOf(std::span<const OrbitSlot> orbit) {
+  std::vector<ReadyFrame> frames;
+  for (std::size_t slot = 0; slot < orbit.size(); ++slot) {
+    const float radius = kCornerRadius[slot];
+    frames.push_back(MakeReadyFrame(PlaceOf(orbit[slot]), {radius, radius * 2, 3, 2}));
+  }
+  return frames;
+}
+
 RingPage* cloud_page = nullptr;
 RingPage* water_page = nullptr;
 
@@ -49,6 +59,7 @@ RingPage* water_page = nullptr;
 
 RingPage::RingPage(const RingPageLook& page_look)
     : look(page_look),
+      frames(FramesOf(page_look.plan->orbit)),
       form(page_look.form_name),
       Label7(form, "Label7"),
       lbl_Base(form, "lbl_Base"),

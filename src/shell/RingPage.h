@@ -5,10 +5,12 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "platform/forms.h"
 #include "shell/FormLoaded.h"
 #include "shell/RingPlan.h"
+#include "shell/mod_GDIP_DrawingRoutines.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
@@ -36,6 +38,7 @@ struct RingPage {
   explicit RingPage(const RingPageLook& page_look);
 
   const RingPageLook& look;
+  std::vector<ReadyFrame> frames;  ///< by slot
   platform::Form form;
   platform::Label Label7;
   platform::Label lbl_Base;

@@ -22,6 +22,13 @@ GpGraphics SmoothGraphics(const HDC& hdc) {
   return graphics;
 }
 
+GpGraphics SmoothGraphics(const GpImage& bitmap) {
+  GpGraphics graphics;
+  GdipGetImageGraphicsContext(bitmap, graphics);
+  GdipSetSmoothingMode(graphics, SmoothingModeAntiAlias);
+  return graphics;
+}
+
 GpPen MakePen(ARGB color, float width) {
   GpPen pen;
   GdipCreatePen1(color, width, UnitPixel, pen);
@@ -53,12 +60,10 @@ bool Covers(const GpImage& image) {
   return GdipGetImageFlags(image, flags) == Status::Ok && (flags & ImageFlagsHasAlpha) == 0;
 }
 
-/// The translucent shadow. What an opaque picture will cover of it is left out: blending it is the
-/// dearest part of a ring's frame, and nothing of it would be seen.
-void DrawShadow(const HDC& hdc, const RectF& place, const PictureFrame& frame,
+/// The translucent shadow, but for what an opaque picture will cover of it: that would not be seen.
+void DrawShadow(const GpGraphics& graphics, const RectF& place, const PictureFrame& frame,
                 const GpRegion& covered) {
   const RectF shadow{place.x + frame.shadow, place.y + frame.shadow, place.width, place.height};
-  const GpGraphics graphics = SmoothGraphics(hdc);
   const GpPath path = RoundedRectangle(shadow, frame);
   GpRegion region;
   GpBrush brush;
@@ -80,6 +85,41 @@ void DrawPictureInFrame(const HDC& hdc, const RectF& place, const GpPath& path,
   GdipSetClipRegion(graphics, region, CombineModeIntersect);
   GdipDrawImageRect(graphics, image, place.x, place.y, place.width, place.height);
   GdipDrawPath(graphics, MakePen(kBorderColor, border), path);
+}
+
+/// Both borders without what an opaque picture covers of the first.
+void DrawBordersOnly(const GpGraphics& graphics, const GpPath& path, const GpRegion& region,
+                     float border) {
+  GdipSetClipRegion(graphics, region, CombineModeExclude);
+  GdipDrawPath(graphics, MakePen(kBorderColor, kHairline), path);
+  GdipSetClipRegion(graphics, region, CombineModeReplace);
+  GdipDrawPath(graphics, MakePen(kBorderColor, border), path);
+}
+
+/// Where a ready frame's overlay lies on the page: round all that its outlines touch.
+RectF OverlayOf(const ReadyFrame& ready) {
+  constexpr float kMargin = 1;
+  const auto [x, y, w, h] = ready.place;
+  const float more = 2 * kMargin + ready.frame.shadow + 1;
+  return {x - kMargin, y - kMargin, w + more, h + more};
+}
+
+/// The overlay in four strips round the picture's middle, where nothing of it stands.
+void DrawOverlay(const HDC& hdc, const ReadyFrame& ready) {
+  const RectF whole = OverlayOf(ready);
+  const float edge = ready.frame.radius + ready.frame.border;
+  const float left = ready.place.x - whole.x + edge;
+  const float top = ready.place.y - whole.y + edge;
+  const float width = std::max(0.0F, ready.place.width - 2 * edge);
+  const float height = std::max(0.0F, ready.place.height - 2 * edge);
+  GpGraphics graphics;
+  GdipCreateFromHDC(hdc, graphics);
+  for (const RectF& strip : {RectF{0, 0, whole.width, top}, RectF{0, top, left, height},
+                             RectF{left + width, top, whole.width - left - width, height},
+                             RectF{0, top + height, whole.width, whole.height - top - height}}) {
+    GdipDrawImageRectRect(graphics, ready.overlay,
+                          {whole.x + strip.x, whole.y + strip.y, strip.width, strip.height}, strip);
+  }
 }
 
 struct Line {
@@ -141,8 +181,36 @@ void DrawFramedPicture(const HDC& hdc, const RectF& place, const PictureFrame& f
   const GpPath path = RoundedRectangle(place, frame);
   GpRegion region;
   GdipCreateRegionPath(path, region);
-  DrawShadow(hdc, place, frame, Covers(image) ? region : GpRegion());
+  DrawShadow(SmoothGraphics(hdc), place, frame, Covers(image) ? region : GpRegion());
   DrawPictureInFrame(hdc, place, path, region, frame.border, image);
+}
+
+ReadyFrame MakeReadyFrame(const RectF& place, const PictureFrame& frame) {
+  ReadyFrame ready{place, frame, {}, {}};
+  GdipCreateRegionPath(RoundedRectangle(place, frame), ready.inside);
+  const RectF whole = OverlayOf(ready);
+  GdipCreateBitmapFromScan0(static_cast<int>(whole.width), static_cast<int>(whole.height),
+                            PixelFormat32bppPARGB, ready.overlay);
+  const RectF drawn{place.x - whole.x, place.y - whole.y, place.width, place.height};
+  const GpPath path = RoundedRectangle(drawn, frame);
+  GpRegion region;
+  GdipCreateRegionPath(path, region);
+  DrawShadow(SmoothGraphics(ready.overlay), drawn, frame, region);
+  DrawBordersOnly(SmoothGraphics(ready.overlay), path, region, frame.border);
+  return ready;
+}
+
+void DrawFramedPicture(const HDC& hdc, const ReadyFrame& ready, const GpImage& image) {
+  const RectF& place = ready.place;
+  if (!Covers(image) || ready.overlay == nullptr) {
+    DrawFramedPicture(hdc, place, ready.frame, image);
+    return;
+  }
+  GpGraphics graphics;
+  GdipCreateFromHDC(hdc, graphics);
+  GdipSetClipRegion(graphics, ready.inside, CombineModeIntersect);
+  GdipDrawImageRect(graphics, image, place.x, place.y, place.width, place.height);
+  DrawOverlay(hdc, ready);
 }
 
 void DrawLargePicture(const HDC& hdc, const GpImage& image) {

@@ -34,6 +34,18 @@ inline constexpr PictureFrame kSummaryFrame{2, 4, 2, 1};
 void DrawFramedPicture(const platform::HDC& hdc, const platform::RectF& place,
                        const PictureFrame& frame, const platform::GpImage& image);
 
+/// A frame at a fixed place with its shadow and borders drawn ahead, so that a picture in it costs
+/// little more than the picture alone. Shows what DrawFramedPicture shows without it.
+struct ReadyFrame {
+  platform::RectF place;
+  PictureFrame frame{};
+  platform::GpRegion inside;  ///< what an opaque picture covers
+  platform::GpImage overlay;  ///< all that stands round and on such a picture
+};
+ReadyFrame MakeReadyFrame(const platform::RectF& place, const PictureFrame& frame);
+void DrawFramedPicture(const platform::HDC& hdc, const ReadyFrame& ready,
+                       const platform::GpImage& image);
+
 /// The picture of the large preview: no offset shadow, rectangle (0, 5, 267, 200).
 void DrawLargePicture(const platform::HDC& hdc, const platform::GpImage& image);
 

@@ -21,11 +21,6 @@ constexpr platform::ARGB kCentreUnderlay = 0xFF000000;
 constexpr float kMiniDiameter = 31;
 constexpr float kCentreDiameter = 200;
 
-platform::RectF Place(const OrbitSlot& slot) {
-  return {static_cast<float>(slot.left), static_cast<float>(slot.top),
-          static_cast<float>(slot.width), static_cast<float>(slot.height)};
-}
-
 std::string TitleOf(std::int16_t family, const RingPicture& picture) {
   return platform::Trim(Catalogue.At(family, picture.group, picture.option).Title);
 }
@@ -65,7 +60,7 @@ void DrawCircle(const platform::HDC& hdc, const platform::RectF& box, float widt
 
 /// The picture of the sky group in the middle, clipped to its circle.
 void DrawSkyCentre(const platform::HDC& hdc, const RingPicture& picture) {
-  const platform::RectF box = Place(SkyOrbit[kRimSlots]);
+  const platform::RectF box = PlaceOf(SkyOrbit[kRimSlots]);
   platform::GpGraphics graphics;
   platform::GpPath path;
   platform::GpRegion region;
@@ -87,7 +82,7 @@ void DrawSkyRim(const platform::HDC& hdc, std::size_t start) {
   platform::GpGraphics graphics;
   platform::GdipCreateFromHDC(hdc, graphics);
   for (std::size_t slot = 0; slot < kRimSlots; ++slot) {
-    const platform::RectF box = Place(SkyOrbit[slot]);
+    const platform::RectF box = PlaceOf(SkyOrbit[slot]);
     platform::GdipDrawImageRect(graphics, SkyMini[(start + slot) % kRimSlots], box.x, box.y,
                                 box.width, box.height);
     DrawSkyMiniRim(hdc, SkyOrbit[slot].left, SkyOrbit[slot].top);
@@ -109,6 +104,11 @@ void SetSkyLabels(const RingPicture& picture) {
 
 }  // namespace
 
+platform::RectF PlaceOf(const OrbitSlot& slot) {
+  return {static_cast<float>(slot.left), static_cast<float>(slot.top),
+          static_cast<float>(slot.width), static_cast<float>(slot.height)};
+}
+
 RingPictures PicturesFrom(const RingPageLook& look, std::int16_t front) {
   RingPictures pictures;
   for (std::int16_t follower = 0; follower < look.Groups(); ++follower) {
@@ -121,10 +121,7 @@ RingPictures PicturesFrom(const RingPageLook& look, std::int16_t front) {
 }
 
 void DrawRingPicture(RingPage& page, int slot, const RingPicture& picture) {
-  const auto index = static_cast<std::size_t>(slot);
-  const float radius = kCornerRadius[index];
-  DrawFramedPicture(page.form.hDC(), Place(page.look.plan->orbit[index]),
-                    {radius, radius * 2, 3, 2},
+  DrawFramedPicture(page.form.hDC(), page.frames[static_cast<std::size_t>(slot)],
                     Catalogue.At(page.look.family, picture.group, picture.option).Preview);
 }
 

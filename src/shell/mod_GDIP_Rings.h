@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/gdi.h"
+#include "platform/gdiplus.h"
 #include "shell/RingPage.h"
 #include "shell/RingPlan.h"
 
@@ -12,6 +12,9 @@ namespace nimbrel {
 
 /// The rings at rest and in turn. Every routine draws on its page's retained bitmap; a frame
 /// reaches the screen whole, by Refresh.
+
+/// A slot's place on its page.
+platform::RectF PlaceOf(const OrbitSlot& slot);
 
 /// A group and its selected option.
 struct RingPicture {

@@ -20,9 +20,18 @@ void AddArc(GraphicsPath& path, const QRectF& box, float start, float sweep) {
   path.path.arcTo(box, -start, -sweep);
 }
 
-/// What a graphics object that was never clipped draws on.
-QRegion WholeBitmap(const HDC& dc) {
-  return Drawable(dc) ? QRegion(0, 0, dc->bitmap->width, dc->bitmap->height) : QRegion();
+/// What a graphics object draws on, its memory wrapped without a copy; null when there is nothing.
+QImage Target(const Graphics& graphics) {
+  if (graphics.image != nullptr) {
+    QImage& pixels = graphics.image->pixels;
+    return {pixels.bits(), pixels.width(), pixels.height(), pixels.bytesPerLine(), pixels.format()};
+  }
+  if (!Drawable(graphics.dc)) {
+    return {};
+  }
+  Bitmap& bitmap = *graphics.dc->bitmap;
+  return {bitmap.bits.data(), bitmap.width, bitmap.height, static_cast<qsizetype>(bitmap.stride),
+          QImage::Format_RGB32};
 }
 
 /// Outlines are filled shapes here, for every width and mode: the toolkit's own shortcuts for thin
@@ -45,13 +54,10 @@ Status Stroke(const Graphics& graphics, const Pen& pen, const QPainterPath& path
 
 }  // namespace
 
-Canvas::Canvas(const Graphics& graphics) {
-  if (!Drawable(graphics.dc)) {
+Canvas::Canvas(const Graphics& graphics) : surface_(Target(graphics)) {
+  if (surface_.isNull()) {
     return;
   }
-  Bitmap& bitmap = *graphics.dc->bitmap;
-  surface_ = QImage(bitmap.bits.data(), bitmap.width, bitmap.height,
-                    static_cast<qsizetype>(bitmap.stride), QImage::Format_RGB32);
   painter_.begin(&surface_);
   if (graphics.clipped) {
     painter_.setClipRegion(graphics.clip);
@@ -68,11 +74,11 @@ bool Drawable(const HDC& dc) {
          bitmap.bits.size() >= bitmap.stride * static_cast<std::size_t>(bitmap.height);
 }
 
-QRect WholePixels(float x, float y, float width, float height) {
-  const int left = static_cast<int>(std::lround(x));
-  const int top = static_cast<int>(std::lround(y));
-  return {left, top, static_cast<int>(std::lround(x + width)) - left,
-          static_cast<int>(std::lround(y + height)) - top};
+QRect WholePixels(const RectF& place) {
+  const int left = static_cast<int>(std::lround(place.x));
+  const int top = static_cast<int>(std::lround(place.y));
+  return {left, top, static_cast<int>(std::lround(place.x + place.width)) - left,
+          static_cast<int>(std::lround(place.y + place.height)) - top};
 }
 
 Status GdiplusStartup(std::uintptr_t& token, std::uint32_t version) {
@@ -122,7 +128,7 @@ Status GdipSetClipRegion(const GpGraphics& graphics, const GpRegion& region, Com
   if (graphics == nullptr || region == nullptr) {
     return Status::InvalidParameter;
   }
-  const QRegion before = graphics->clipped ? graphics->clip : WholeBitmap(graphics->dc);
+  const QRegion before = graphics->clipped ? graphics->clip : Target(*graphics).rect();
   switch (mode) {
     case CombineModeReplace:
       graphics->clip = region->pixels;
@@ -249,7 +255,7 @@ Status GdipFillRectangle(const GpGraphics& graphics, const GpBrush& brush, float
   if (!canvas.Ready()) {
     return Status::InvalidParameter;
   }
-  canvas->fillRect(WholePixels(x, y, width, height), brush->color);
+  canvas->fillRect(WholePixels({x, y, width, height}), brush->color);
   return Status::Ok;
 }
 

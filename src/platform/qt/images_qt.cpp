@@ -113,6 +113,31 @@ Status GdipLoadImageFromFile(std::string_view path, GpImage& image) {
   return Status::Ok;
 }
 
+Status GdipCreateBitmapFromScan0(int width, int height, PixelFormat, GpImage& bitmap) {
+  bitmap.reset();
+  if (!SizeServed({width, height})) {
+    return Status::InvalidParameter;
+  }
+  QImage pixels(width, height, QImage::Format_ARGB32_Premultiplied);
+  if (pixels.isNull()) {
+    return Status::OutOfMemory;
+  }
+  pixels.fill(Qt::transparent);
+  bitmap = std::make_shared<Image>();
+  bitmap->pixels = std::move(pixels);
+  return Status::Ok;
+}
+
+Status GdipGetImageGraphicsContext(const GpImage& image, GpGraphics& graphics) {
+  graphics.reset();
+  if (image == nullptr) {
+    return Status::InvalidParameter;
+  }
+  graphics = std::make_shared<Graphics>();
+  graphics->image = image;
+  return Status::Ok;
+}
+
 Status GdipDisposeImage(GpImage& image) { return Release(image); }
 
 Status GdipGetImageWidth(const GpImage& image, std::uint32_t& width) {
@@ -153,7 +178,17 @@ Status GdipBitmapSetPixel(const GpImage& image, int x, int y, ARGB color) {
 
 Status GdipDrawImageRect(const GpGraphics& graphics, const GpImage& image, float x, float y,
                          float width, float height) {
-  if (graphics == nullptr || image == nullptr || !InReach(x, y, width, height)) {
+  if (image == nullptr) {
+    return Status::InvalidParameter;
+  }
+  return GdipDrawImageRectRect(graphics, image, {x, y, width, height},
+                               {0, 0, static_cast<float>(image->pixels.width()),
+                                static_cast<float>(image->pixels.height())});
+}
+
+Status GdipDrawImageRectRect(const GpGraphics& graphics, const GpImage& image,
+                             const RectF& destination, const RectF& source) {
+  if (graphics == nullptr || image == nullptr || !InReach(destination) || !InReach(source)) {
     return Status::InvalidParameter;
   }
   Canvas canvas(*graphics);
@@ -161,9 +196,10 @@ Status GdipDrawImageRect(const GpGraphics& graphics, const GpImage& image, float
     return Status::InvalidParameter;
   }
   canvas->setRenderHint(QPainter::SmoothPixmapTransform);
-  const QRect place = WholePixels(x, y, width, height);
-  if (!place.isEmpty()) {
-    canvas->drawImage(place, image->pixels);
+  const QRect place = WholePixels(destination);
+  const QRect part = WholePixels(source);
+  if (!place.isEmpty() && !part.isEmpty()) {
+    canvas->drawImage(place, image->pixels, part);
   }
   return Status::Ok;
 }

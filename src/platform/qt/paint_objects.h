@@ -14,7 +14,8 @@ namespace platform {
 /// What stands behind the handles of the flat drawing calls.
 
 struct Graphics {
-  HDC dc;  ///< kept alive; its bitmap is looked up anew by each call
+  HDC dc;         ///< kept alive; its bitmap is looked up anew by each call
+  GpImage image;  ///< drawn on instead of a context's bitmap when there is one
   bool antialias = false;
   TextRenderingHint text_hint = TextRenderingHintAntiAlias;
   bool clipped = false;
@@ -63,8 +64,8 @@ struct StringFormat {
 /// Outlines, paths and clips move by this much; whole pixels (fills, images, text) don't.
 inline constexpr qreal kPixelCentre = 0.5;
 
-/// A painter on the memory of a context's bitmap for the length of one call, so that several
-/// graphics objects may be open on one context, and the bitmap may be replaced between two calls.
+/// A painter on the memory of a context's bitmap or an image for the length of one call, so that
+/// several graphics objects may be open on one, and the bitmap may be replaced between two calls.
 class Canvas {
  public:
   explicit Canvas(const Graphics& graphics);
@@ -73,7 +74,7 @@ class Canvas {
   QPainter* operator->() { return &painter_; }
 
  private:
-  QImage surface_;  ///< wraps the bitmap's bytes; never shared, so that it never copies them
+  QImage surface_;  ///< wraps the target's bytes; never shared, so that it never copies them
   QPainter painter_;
 };
 
@@ -99,7 +100,11 @@ bool InReach(Numbers... numbers) {
   return ((numbers >= -32768.0F && numbers <= 32768.0F) && ...);
 }
 
+inline bool InReach(const RectF& place) {
+  return InReach(place.x, place.y, place.width, place.height);
+}
+
 /// The whole pixels of a rectangle.
-QRect WholePixels(float x, float y, float width, float height);
+QRect WholePixels(const RectF& place);
 
 }  // namespace platform
