@@ -25,7 +25,8 @@ shared=$(awk '/^Rss(File|Shmem)/ { sum += $2 } END { print sum }' "/proc/$PROGRA
 awk -v resident="$resident" -v shared="$shared" -v pixels="$pixels" 'BEGIN {
   pictures = pixels * 4 / 1048576
   bound = 1.25 * pictures + 60
-  printf "resident %.1f MiB (%.1f of it code and files), pictures %.1f MiB, bound %.1f MiB\n",
-         resident / 1024, shared / 1024, pictures, bound
+  printf "%.1f MiB of it code and files, pictures %.1f MiB\n", shared / 1024, pictures >"/dev/stderr"
+  printf "Memory of the idle program\t%.1f MiB\t%.1f MiB, 1.25 x its pictures + 60\t%.2f\t1.00\n",
+         resident / 1024, bound, resident / 1024 / bound
   exit resident / 1024 > bound
 }'

@@ -1,16 +1,17 @@
-#include <benchmark/benchmark.h>
 #include <squish.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "figures.h"
 #include "platform/bitmap_file.h"
 #include "platform/files.h"
 #include "platform/qvdds.h"
@@ -23,6 +24,7 @@
 
 namespace {
 
+constexpr int kRounds = 5;
 constexpr int kSide = 512;
 constexpr int kPixels = kSide * kSide;
 constexpr std::size_t kSheetBytes = std::size_t{kPixels} * 4;
@@ -104,16 +106,17 @@ Block CutBlock(std::size_t index) {
   return block;
 }
 
-double Psnr(double squares, double samples) {
-  return 10 * std::log10(255.0 * 255.0 * samples / squares);
-}
+/// The mean error of a sheet of DXT3 blocks, in steps of 255.
+struct Errors {
+  double color;
+  double alpha;
+  int three_color_blocks;  ///< not in four-colour order, which some readers garble
+};
 
-/// Adds the errors of a sheet of DXT3 blocks to the benchmark's line: the colour's, the alpha's,
-/// and how many blocks are not in four-colour order.
-void Report(benchmark::State& state, std::span<const std::uint8_t> blocks) {
-  double color_squares = 0;
-  double alpha_squares = 0;
-  double three_color = 0;
+Errors ErrorsOf(std::span<const std::uint8_t> blocks) {
+  double color = 0;
+  double alpha = 0;
+  int three_color = 0;
   for (std::size_t index = 0; index < kPixels / 16; ++index) {
     const std::uint8_t* const block = &blocks[index * kBlockBytes];
     three_color += (block[8] | block[9] << 8) < (block[10] | block[11] << 8) ? 1 : 0;
@@ -121,61 +124,49 @@ void Report(benchmark::State& state, std::span<const std::uint8_t> blocks) {
     squish::Decompress(decoded.data(), block, squish::kDxt3);
     const Block wanted = CutBlock(index);
     for (std::size_t i = 0; i < kBlockPixelBytes; ++i) {
-      (i % 4 == 3 ? alpha_squares : color_squares) += std::pow(wanted[i] - decoded[i], 2);
+      (i % 4 == 3 ? alpha : color) += std::pow(wanted[i] - decoded[i], 2);
     }
   }
-  state.counters["colour_dB"] = Psnr(color_squares, 3.0 * kPixels);
-  state.counters["alpha_dB"] = Psnr(alpha_squares, kPixels);
-  state.counters["three_colour_blocks"] = three_color;
+  return {std::sqrt(color / (3.0 * kPixels)), std::sqrt(alpha / kPixels), three_color};
 }
 
-template <typename Encode>
-void RunEncoder(benchmark::State& state, Encode encode) {
-  std::vector<std::uint8_t> blocks(kPixels);
-  for ([[maybe_unused]] auto _ : state) {
+double Decibels(double error) { return 20 * std::log10(255 / error); }
+
+/// A public encoder of one block of 16 pixels.
+struct Encoder {
+  const char* name;
+  void (*encode)(const std::uint8_t* pixels, std::uint8_t* block);
+};
+constexpr Encoder kEncoders[] = {
+    {"libsquish cluster fit",
+     [](const std::uint8_t* pixels, std::uint8_t* block) {
+       squish::Compress(pixels, block, squish::kDxt3 | squish::kColourClusterFit);
+     }},
+    {"libsquish range fit",
+     [](const std::uint8_t* pixels, std::uint8_t* block) {
+       squish::Compress(pixels, block, squish::kDxt3 | squish::kColourRangeFit);
+     }},
+    // It gives a DXT5 block, whose colour half is what DXT3 has; its alpha does not count.
+    {"stb_dxt high quality", [](const std::uint8_t* pixels, std::uint8_t* block) {
+       stb_compress_dxt_block(block, pixels, 1, STB_DXT_HIGHQUAL);
+     }}};
+
+double TimeEncoder(const Encoder& encoder, std::vector<std::uint8_t>& blocks) {
+  return bench::Milliseconds([&] {
     for (std::size_t index = 0; index < kPixels / 16; ++index) {
-      encode(CutBlock(index).data(), &blocks[index * kBlockBytes]);
+      encoder.encode(CutBlock(index).data(), &blocks[index * kBlockBytes]);
     }
-    benchmark::DoNotOptimize(blocks.data());
-  }
-  Report(state, blocks);
-}
-
-void SquishCluster(benchmark::State& state) {
-  RunEncoder(state, [](const std::uint8_t* pixels, std::uint8_t* block) {
-    squish::Compress(pixels, block, squish::kDxt3 | squish::kColourClusterFit);
   });
-}
-
-void SquishRange(benchmark::State& state) {
-  RunEncoder(state, [](const std::uint8_t* pixels, std::uint8_t* block) {
-    squish::Compress(pixels, block, squish::kDxt3 | squish::kColourRangeFit);
-  });
-}
-
-/// The encoder gives a DXT5 block, whose colour half is what DXT3 has; its alpha is not counted.
-void StbHighQuality(benchmark::State& state) {
-  RunEncoder(state, [](const std::uint8_t* pixels, std::uint8_t* block) {
-    stb_compress_dxt_block(block, pixels, 1, STB_DXT_HIGHQUAL);
-  });
-  state.counters.erase("alpha_dB");
 }
 
 /// The two sheets on disk as the composer saves them.
 class SheetFolder {
  public:
-  SheetFolder() : path_(std::filesystem::temp_directory_path() / "nimbrel-texture-bench") {
-    std::filesystem::create_directories(path_);
+  SheetFolder() {
     WriteSheet("c.bmp", 24);
     WriteSheet("a.bmp", 8);
   }
-  SheetFolder(const SheetFolder&) = delete;
-  SheetFolder& operator=(const SheetFolder&) = delete;
-  ~SheetFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  std::string File(const char* name) const { return (path_ / name).string(); }
+  std::string File(const char* name) const { return (folder_.path() / name).string(); }
 
  private:
   void WriteSheet(const char* name, std::uint16_t bit_count) const {
@@ -201,35 +192,71 @@ class SheetFolder {
     platform::ReplaceFile(File(name), file, platform::Durability::kRename);
   }
 
-  std::filesystem::path path_;
+  bench::WorkFolder folder_;
 };
 
-void NimbrelTexture(benchmark::State& state) {
-  const SheetFolder folder;
-  const auto format = static_cast<std::int32_t>(state.range(0));
-  for ([[maybe_unused]] auto _ : state) {
+/// The writer with its files, as an install calls it.
+double TimeWriter(const SheetFolder& folder, std::int32_t format) {
+  return bench::Milliseconds([&] {
     if (platform::BMPScompressBMP(folder.File("c.bmp"), folder.File("a.bmp"), format, -1, -1,
                                   folder.File("out.bmp")) != 1) {
-      state.SkipWithError("no texture was written");
-      return;
+      std::fprintf(stderr, "no texture was written\n");
+      std::exit(EXIT_FAILURE);
     }
-  }
-  const auto file = platform::ReadFile(folder.File("out.bmp"), kTextureHeaders + kSheetBytes);
-  if (file && format == platform::kFormatDXT3) {
-    std::vector<std::uint8_t> blocks(kPixels);
-    std::memcpy(blocks.data(), file->data() + kTextureHeaders, blocks.size());
-    Report(state, blocks);
-  }
+  });
 }
 
-BENCHMARK(NimbrelTexture)
-    ->Arg(platform::kFormatDXT3)
-    ->Arg(platform::kFormat32Bit)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(SquishCluster)->Unit(benchmark::kMillisecond);
-BENCHMARK(SquishRange)->Unit(benchmark::kMillisecond);
-BENCHMARK(StbHighQuality)->Unit(benchmark::kMillisecond);
+std::vector<std::uint8_t> WrittenBlocks(const SheetFolder& folder) {
+  TimeWriter(folder, platform::kFormatDXT3);
+  std::vector<std::uint8_t> blocks(kPixels);
+  const auto file = platform::ReadFile(folder.File("out.bmp"), kTextureHeaders + kSheetBytes);
+  if (file && file->size() == kTextureHeaders + blocks.size()) {
+    std::memcpy(blocks.data(), file->data() + kTextureHeaders, blocks.size());
+  }
+  return blocks;
+}
+
+/// Ours and the other turn by turn. Whether our colours are as good as the other's or better.
+bool Compare(const SheetFolder& folder, const Encoder& encoder, double our_error) {
+  std::vector<double> ours;
+  std::vector<double> theirs;
+  std::vector<std::uint8_t> blocks(kPixels);
+  for (int round = 0; round < kRounds; ++round) {
+    theirs.push_back(TimeEncoder(encoder, blocks));
+    ours.push_back(TimeWriter(folder, platform::kFormatDXT3));
+  }
+  const Errors errors = ErrorsOf(blocks);
+  const std::string beside = std::string("for ") + encoder.name + " without files";
+  bench::Report(
+      {"A DXT3 texture of 512 x 512", bench::Median(ours), bench::Median(theirs), beside});
+  std::printf("Its colour error\t%.2f dB\t%.2f dB for %s\t%.2f\t1.00\n", Decibels(our_error),
+              Decibels(errors.color), encoder.name, our_error / errors.color);
+  std::fprintf(stderr, "%s: alpha %.2f dB, %d blocks in three-colour order\n", encoder.name,
+               Decibels(errors.alpha), errors.three_color_blocks);
+  return our_error <= errors.color;
+}
+
+bool PlainTexture(const SheetFolder& folder) {
+  std::vector<double> plain;
+  std::vector<double> packed;
+  for (int round = 0; round < kRounds; ++round) {
+    plain.push_back(TimeWriter(folder, platform::kFormat32Bit));
+    packed.push_back(TimeWriter(folder, platform::kFormatDXT3));
+  }
+  return bench::Report(
+      {"A 32-bit texture of 512 x 512", bench::Median(plain), bench::Median(packed), "as DXT3"});
+}
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main() {
+  const SheetFolder folder;
+  const Errors ours = ErrorsOf(WrittenBlocks(folder));
+  std::fprintf(stderr, "ours: colour %.2f dB, alpha %.2f dB, %d blocks in three-colour order\n",
+               Decibels(ours.color), Decibels(ours.alpha), ours.three_color_blocks);
+  bool held = PlainTexture(folder) && ours.three_color_blocks == 0;
+  for (const Encoder& encoder : kEncoders) {
+    held = Compare(folder, encoder, ours.color) && held;
+  }
+  return held ? EXIT_SUCCESS : EXIT_FAILURE;
+}
