@@ -65,7 +65,11 @@ constexpr std::array<const char*, kFamilies> kSpotNames{"lbl_CloudPreview", "lbl
 
 std::int16_t DrawnOption(std::size_t place) { return RandomizerRecord.*kRecordFields[place]; }
 
+/// Whose picture an open large preview shows, as a place in kOptionGroups.
+std::size_t previewed = 0;
+
 void ShowOptionPreview(std::size_t place) {
+  previewed = place;
   const OptionGroup& group = kOptionGroups[place];
   OpenPreview(group.family, group.index, DrawnOption(place), RandomizerOverview().form,
               kPreviewLeft, kPreviewTop);
@@ -154,6 +158,10 @@ void FillRandomizerOverview() {
     const OptionGroup& group = kOptionGroups[i];
     DrawOverviewPreview(MiniLeft(group), FamilyTop(group.family), kMiniWidth, kMiniHeight,
                         group.family, group.index, DrawnOption(i));
+  }
+  // A preview that is open while a new selection is drawn would go on showing the old one.
+  if (PreviewIsOpen()) {
+    ShowOptionPreview(previewed);
   }
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTest>
@@ -11,6 +13,7 @@
 #include "history/frm_Favorite.h"
 #include "history/mod_Favorites.h"
 #include "platform/files.h"
+#include "platform/text.h"
 #include "settings/Selection.h"
 #include "settings/mod_Main.h"
 #include "shell/Pages.h"
@@ -182,6 +185,28 @@ TEST_F(FavoritesTest, DialogSavesWhatIsTyped) {
   EXPECT_EQ("My sky", FavoritePage().lst_Favorites.List(0));
 }
 
+TEST_F(FavoritesTest, PastedTextIsCutToItsFieldAndKeptInTheFilesCodePage) {
+  Start();
+  PressAndThen("frm_Main", "btn_AddFavorite", [] {
+    Window("frm_AddFavorite")->activateWindow();
+    platform::DoEvents();
+    QGuiApplication::clipboard()->setText(QChar(0x2603) + QString(1100, QChar(0xE9)));
+    for (const auto& [box, most] : {std::pair{&AddFavoriteForm().txt_Title, 254U},
+                                    std::pair{&AddFavoriteForm().txt_Description, 999U}}) {
+      box->SetText({});
+      QTest::keyClick(Window("frm_AddFavorite", box->Name()), Qt::Key_V, Qt::ControlModifier);
+      EXPECT_EQ(most, platform::ToAnsi(box->Text()).size());
+    }
+    AddFavoriteForm().txt_Title.SetText("\xE2\x98\x83 ski");
+    const Answers answers;
+    Press("frm_AddFavorite", "btn_Continue");
+  });
+  const std::string bytes = ReadText(world.Program() / "Favorites" / "\xE2\x98\x83_ski.nbf");
+  EXPECT_EQ("? ski", bytes.substr(0, bytes.find('\0')));
+  EXPECT_EQ("?" + std::string(998, '\xE9') + '\0', bytes.substr(255, 1000));
+  EXPECT_EQ("? ski", FavoritePage().lst_Favorites.List(0));
+}
+
 TEST_F(FavoritesTest, FailedAndDeclinedSavesLeaveTheTextAndCancelDropsIt) {
   Write("taken", {"taken", "old", Choice(1)});
   Start();
@@ -189,8 +214,10 @@ TEST_F(FavoritesTest, FailedAndDeclinedSavesLeaveTheTextAndCancelDropsIt) {
   PressAndThen("frm_Main", "btn_AddFavorite", [] {
     frm_AddFavorite& dialog = AddFavoriteForm();
     dialog.txt_Title.SetText(std::string(254, 'x'));
+    dialog.txt_Description.SetText("mine");
     Press("frm_AddFavorite", "btn_Continue");
     EXPECT_TRUE(dialog.form.Visible());
+    EXPECT_EQ("mine", dialog.txt_Description.Text());
     EXPECT_EQ(std::string(254, 'x'), dialog.txt_Title.Text());
     dialog.txt_Title.SetText("(taken)");
     PressAndThen("frm_AddFavorite", "btn_Continue", [] { Press("frm_Msg", "btn_Cancel"); });

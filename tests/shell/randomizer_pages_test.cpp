@@ -224,6 +224,7 @@ TEST_F(RandomizerPages, OkDrawsRecordsAndInstallsBeforeTheClosingMessage) {
   platform::SetClock([] { return 39087.63135416667; });
   Press("frm_Main", "btn_Randomizer");
   AllowLastOptionsOnly();
+  ClickOn(kOverview, "lbl_SkyPreview(1)");
   Answers answers;
   Press(kOverview, "btn_Randomize");
   platform::SetClock(nullptr);
@@ -240,6 +241,8 @@ TEST_F(RandomizerPages, OkDrawsRecordsAndInstallsBeforeTheClosingMessage) {
   EXPECT_FALSE(IsOn(Switches().chk_Sun));
   EXPECT_TRUE(IsOn(Switches().chk_DXT));
   EXPECT_EQ(OptionTitle(kCloud, 0, 2), RandomizerOverview().titles[0]->Caption());
+  EXPECT_TRUE(PreviewIsOpen());
+  EXPECT_EQ(OptionColor(kSky, 1, 2), platform::GetPixel(PreviewForm().form.hDC(), 130, 100));
   ASSERT_EQ(1U, HistoryEntries.size());
   EXPECT_EQ(1, HistoryEntries[0].Source);
   EXPECT_EQ(39087.63135416667, HistoryEntries[0].Date);
