@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "March.h"
 #include "Noise.h"
 
 namespace demo {
@@ -62,7 +63,8 @@ float SeaSurface::Height(float x, float y) const {
     const int x1 = (x0 + 1) & (side_ - 1);
     const int y1 = (y0 + 1) & (side_ - 1);
     const auto value = [&](int i, int j) {
-      return heights_[static_cast<std::size_t>(j * side_ + i)];
+      return heights_[static_cast<std::size_t>(j) * static_cast<std::size_t>(side_) +
+                      static_cast<std::size_t>(i)];
     };
     const float tx = fx - F(x0);
     return Mix(Mix(value(x0, y0), value(x1, y0), tx), Mix(value(x0, y1), value(x1, y1), tx),
@@ -84,7 +86,9 @@ SeaSurface::Slopes SeaSurface::Between(const Level& level, float u, float v) {
   const float ty = fy - F(y0);
   Slopes sum;
   const auto add = [&](int x, int y, float share) {
-    const Slopes& s = level.points[static_cast<std::size_t>(y * level.side + x)];
+    const Slopes& s =
+        level.points[static_cast<std::size_t>(y) * static_cast<std::size_t>(level.side) +
+                     static_cast<std::size_t>(x)];
     sum = {sum.x + s.x * share, sum.y + s.y * share, sum.square + s.square * share,
            sum.foam + s.foam * share};
   };
@@ -175,21 +179,12 @@ float SeaSurface::Meet(const Vec3& ray, float eye) const {
     return 0.0F;
   }
   const float level = -eye / ray.z;
-  float before = std::max(0.0F, (eye - highest_) / -ray.z);
-  for (float t = before; t < kReach && t < level * 3.0F; t += std::max(0.35F, t * 0.014F)) {
-    const auto above = [&](float at) { return eye + ray.z * at - Height(ray.x * at, ray.y * at); };
-    if (above(t) > 0.0F) {
-      before = t;
-      continue;
-    }
-    float after = t;
-    for (int round = 0; round < 6; ++round) {
-      const float middle = 0.5F * (before + after);
-      (above(middle) > 0.0F ? before : after) = middle;
-    }
-    return after;
-  }
-  return level;
+  const float last = std::min(kReach, level * 3.0F);
+  const float met = March(
+      std::max(0.0F, (eye - highest_) / -ray.z), last,
+      [&](float at) { return eye + ray.z * at - Height(ray.x * at, ray.y * at); },
+      [](float at) { return std::max(0.35F, at * 0.014F); });
+  return met < last ? met : level;
 }
 
 }  // namespace demo

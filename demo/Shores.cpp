@@ -1,5 +1,6 @@
 #include "Shores.h"
 
+#include "March.h"
 #include "Noise.h"
 
 namespace demo {
@@ -120,22 +121,13 @@ Land::Hit Land::Meet(const Vec3& ray, float eye) const {
   // Above the highest peak no ray meets anything.
   const float clear = (eye - highest_) / std::max(-ray.z, 1e-4F);
   const float last = ray.z > 0.0F ? std::min(kSize, (highest_ - eye) / ray.z) : kSize;
-  float before = 0.0F;
-  for (float t = std::max(200.0F, clear); t < last; t += std::max(7.0F, t * 0.008F)) {
-    const auto above = [&](float at) {
-      return eye + ray.z * at - std::max(0.0F, Height(ray.x * at, ray.y * at));
-    };
-    if (above(t) > 0.0F) {
-      before = t;
-      continue;
-    }
-    float after = t;
-    for (int round = 0; round < 6; ++round) {
-      const float middle = 0.5F * (before + after);
-      (above(middle) > 0.0F ? before : after) = middle;
-    }
-    const Vec3 place{ray.x * after, ray.y * after, eye + ray.z * after};
-    return {true, after, place, Height(place.x, place.y)};
+  const float met = March(
+      std::max(200.0F, clear), last,
+      [&](float at) { return eye + ray.z * at - std::max(0.0F, Height(ray.x * at, ray.y * at)); },
+      [](float at) { return std::max(7.0F, at * 0.008F); });
+  if (met < last) {
+    const Vec3 place{ray.x * met, ray.y * met, eye + ray.z * met};
+    return {true, met, place, Height(place.x, place.y)};
   }
   const float level = ray.z < 0.0F ? -eye / ray.z : kReach;
   return {level < kReach, level, ray * level, kDeep};
