@@ -71,7 +71,7 @@ Texture OwnCumulus(const Library& library) {
     const Texture& from = library.clouds[static_cast<std::size_t>(group)].back().fast;
     for (const SheetCell& cell : CloudCells(group)) {
       for (int y = cell.top / 2; y < (cell.top + cell.height) / 2; ++y) {
-        const std::ptrdiff_t start = (y * sheet.width + cell.left / 2) * 4;
+        const int start = (y * sheet.width + cell.left / 2) * 4;
         std::copy_n(from.bgra.begin() + start, cell.width / 2 * 4, sheet.bgra.begin() + start);
       }
     }

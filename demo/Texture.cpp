@@ -36,7 +36,7 @@ std::array<float, kSteps + 1> DisplayTable() {
 
 float Display(float linear) {
   static const auto kTable = DisplayTable();
-  return kTable[static_cast<std::size_t>(std::sqrt(Clamp01(linear)) * F(kSteps) + 0.5F)];
+  return kTable[static_cast<std::size_t>(Floor(std::sqrt(Clamp01(linear)) * F(kSteps) + 0.5F))];
 }
 
 /// From -0.5 to 0.5: interleaved gradient noise as Jimenez published it.

@@ -88,8 +88,8 @@ float At(const Field& field, int side, float x, float y) {
   const int x0 = Floor(x);
   const int y0 = Floor(y);
   const auto at = [&](int i, int j) {
-    return field[static_cast<std::size_t>(((y0 + j) & (side - 1)) * side +
-                                          ((x0 + i) & (side - 1)))];
+    const int place = ((y0 + j) & (side - 1)) * side + ((x0 + i) & (side - 1));
+    return field[static_cast<std::size_t>(place)];
   };
   const float tx = x - F(x0);
   return Mix(Mix(at(0, 0), at(1, 0), tx), Mix(at(0, 1), at(1, 1), tx), y - F(y0));
