@@ -36,34 +36,6 @@ std::string ContrailEffect(const char* title, const char* life) {
   return text;
 }
 
-constexpr const char* kHelpText =
-    "BT /F1 20 Tf 60 780 Td (Nimbrel Help) Tj /F1 11 Tf 0 -34 Td "
-    "(Pick a set for each group on the Cloud, Sky and Water pages.) Tj 0 -18 Td "
-    "(Save and Install on the Main page puts the choice into the simulator.) Tj 0 -18 Td "
-    "(The Randomizer picks for you; Favorites keeps collections by name.) Tj ET";
-
-/// One page, written by hand so that it is the same each time.
-void WriteHelp(const fs::path& file) {
-  const std::string stream = kHelpText;
-  const std::array<std::string, 5> objects{
-      "<< /Type /Catalog /Pages 2 0 R >>", "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
-      "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 595 842] /Contents 4 0 R "
-      "/Resources << /Font << /F1 5 0 R >> >> >>",
-      "<< /Length " + std::to_string(stream.size()) + " >>\nstream\n" + stream + "\nendstream",
-      "<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>"};
-  std::string text = "%PDF-1.4\n";
-  std::string table = "xref\n0 6\n0000000000 65535 f \n";
-  for (std::size_t i = 0; i < objects.size(); ++i) {
-    std::string place = std::to_string(text.size());
-    place.insert(0, 10 - place.size(), '0');
-    table += place + " 00000 n \n";
-    text += std::to_string(i + 1) + " 0 obj\n" + objects[i] + "\nendobj\n";
-  }
-  const std::string start = std::to_string(text.size());
-  text += table + "trailer\n<< /Size 6 /Root 1 0 R >>\nstartxref\n" + start + "\n%%EOF\n";
-  WriteBytes(file, std::as_bytes(std::span(text)));
-}
-
 /// The cumulus sheet that the simulator came with, of its own three inputs' cells.
 Texture OwnCumulus(const Library& library) {
   Texture sheet = library.clouds[0].back().fast;
@@ -127,7 +99,6 @@ void WriteProgramData(const fs::path& folder, const Library& library) {
   }
   DoAll(jobs);
   WriteInformationFile(folder / "NB_Information.cfg");
-  WriteHelp(folder / "Nimbrel Help.pdf");
   const fs::path clouds = folder / "Data/Clouds";
   WriteFixedClouds({clouds / "Cld", clouds / "cumulus", clouds / "stratus"}, false);
   WriteSuns(folder / "Data/Sun", kReplacementSun);

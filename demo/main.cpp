@@ -20,6 +20,8 @@ int main(int argc, char** argv) {
     std::filesystem::copy(NIMBREL_MEDIA, program / "Media",
                           std::filesystem::copy_options::recursive |
                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::copy_file(NIMBREL_HELP, program / "Nimbrel Help.pdf",
+                               std::filesystem::copy_options::overwrite_existing);
   } catch (const std::exception& error) {
     std::cerr << "nimbrel-demo: " << error.what() << '\n';
     return 1;

@@ -1,0 +1,119 @@
+#!/usr/bin/env bash
+# pictures.sh PROGRAM GENERATOR [OUTPUT]: makes the pictures of the README and the help anew from the
+# real program in the demo, into docs/pictures or OUTPUT.
+set -euo pipefail
+here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
+. "$here/screen.sh"
+
+program_file=$(readlink -f "$1")
+generator=$(readlink -f "$2")
+output=$(readlink -f "${3:-$here/../docs/pictures}")
+# In memory where that can be: the screen itself and the frames of a turn.
+work=$(mktemp -d -p "$([[ -d /dev/shm ]] && echo /dev/shm || echo "${TMPDIR:-/tmp}")")
+trap 'stop_screen; rm -rf "$work"' EXIT
+trap 'exit 130' INT TERM
+mkdir -p "$output" "$work/screen" "$work/frames"
+
+program="$work/demo/Flight Simulator 9/Modules/Nimbrel"
+media="$program/Media"
+SCREEN_OPTIONS=(-fbdir "$work/screen")
+start_screen "$work/run"
+"$generator" "$work/demo"
+install -m 755 "$program_file" "$program/nimbrel"
+start_program "$program" "$work/program.log"
+main_window
+
+# keep NAME: the main window with what lies over it, without what lies outside its outline, which is
+# black in its artwork. shot NAME: at rest, with the pointer out of the way.
+keep() {
+  look "$work/shot.png" '0 0 798 603'
+  convert "$work/shot.png" \( "$media/MainInterface.bmp" -fill white +opaque black \) -alpha off \
+    -compose CopyOpacity -composite -define png:compression-level=9 "$output/$1.png"
+}
+shot() {
+  point 620 30
+  sleep 0.6
+  keep "$1"
+}
+
+# open_page BUTTON-X BUTTON-Y
+open_page() { press page "$PAGE" "$1" "$2"; }
+
+# record_turn BUTTON-X BUTTON-Y: appends the pictures that the screen shows during one turn. The
+# server's own memory is read every few milliseconds; what it holds at one reading alone may be half
+# a picture, so a frame counts when two readings agree.
+record_turn() {
+  local number last="" sum frame
+  point "$1" "$2"
+  xdotool mousedown 1
+  xdotool mouseup 1
+  for number in {100..199}; do
+    cp "$work/screen/Xvfb_screen0" "$work/frames/raw-$number"
+    sleep 0.002
+  done
+  for number in {100..199}; do
+    sum=$(sha256sum <"$work/frames/raw-$number")
+    if [[ $sum == "$last" && $sum != "${recorded[-1]}" ]]; then
+      recorded+=("$sum")
+      frame="$work/frames/frame-${#recorded[@]}.png"
+      convert "xwd:$work/frames/raw-$number" -crop "596x450+$((X + 177))+$((Y + 128))" +repage \
+        "$frame"
+      animation+=(-delay 6 "$frame")
+    fi
+    last=$sum
+  done
+  rm "$work/frames/raw-"*
+  animation[-2]=120 # the last one stays for a while
+}
+recorded=(none)  # the sums of the frames
+animation=()     # the frames, each with its time in hundredths of a second
+
+open_page "${CLOUDS_BUTTON[@]}"
+press option "$RING" "${STEP_RIGHT[@]}"
+shot clouds
+eval "$(xdotool getwindowgeometry --shell "$WINDOW" | grep -E '^[XY]=-?[0-9]+$')"
+for _ in 1 2 3 4; do
+  record_turn 740 447
+done
+((${#recorded[@]} > 10)) || fail "only ${#recorded[@]} pictures of four turns"
+
+open_page "${SKY_BUTTON[@]}"
+press option "$RING" "${STEP_RIGHT[@]}"
+shot sky
+open_page "${WATER_BUTTON[@]}"
+press option "$RING" "${STEP_RIGHT[@]}"
+shot water
+open_page "${HOME_BUTTON[@]}"
+
+favorite() { # TITLE LINE
+  add_favorite "$1" "$2" ""
+  click "${CONTINUE_BUTTON[@]}"
+  answer "$media" Information "${OK_BUTTON[@]}"
+  wait_until "end of the message" no_window "$MESSAGE_TITLE"
+  main_window
+}
+favorite "Winter morning over the fjord" "Thin cirrus, cold light and a calm sea."
+favorite "Thunder in the afternoon" "Heavy cumulus, long swell."
+add_favorite "Trade wind cumulus" "White clouds on a deep blue sky." ""
+sleep 0.3
+keep add-favorite
+find_window "$FAVORITE_TITLE"
+click "${CONTINUE_BUTTON[@]}"
+answer "$media" Information "${OK_BUTTON[@]}"
+wait_until "end of the message" no_window "$MESSAGE_TITLE"
+main_window
+open_page "${FAVORITES_BUTTON[@]}"
+shot favorites
+open_page "${RANDOMIZER_BUTTON[@]}"
+shot randomizer
+open_page "${CLOUDS_TAB[@]}"
+shot randomizer-clouds
+open_page "${HOME_BUTTON[@]}"
+press_install "$media"
+press_ok
+wait_until "end of the message" no_window "$MESSAGE_TITLE"
+shot main
+press_exit || fail "the program ended with status $?"
+
+convert "${animation[@]}" -resize 75% -colors 192 -layers OptimizePlus -loop 0 "$output/ring.gif"
+du -ch "$output"/*.png "$output/ring.gif"
