@@ -1,25 +1,30 @@
 #!/usr/bin/env bash
-# pictures.sh PROGRAM GENERATOR [OUTPUT]: makes the pictures of the README and the help anew from the
-# real program in the demo, into docs/pictures or OUTPUT.
+# pictures.sh: makes the pictures of the README and the help in docs/pictures anew, from the real
+# program in the demo. Nothing else should run meanwhile: a turn of a ring is recorded as it happens.
 set -euo pipefail
-here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
-. "$here/screen.sh"
+cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
+. tools/packages.sh
+. tools/screen.sh
 
-program_file=$(readlink -f "$1")
-generator=$(readlink -f "$2")
-output=$(readlink -f "${3:-$here/../docs/pictures}")
+need_packages "${BUILD_PACKAGES[@]}" "${SCREEN_PACKAGES[@]}"
+build=${BUILD:-build/release}
+if [[ -z ${BUILD:-} ]]; then
+  cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
+  cmake --build $build --target nimbrel nimbrel-demo
+fi
+output=$PWD/docs/pictures
 # In memory where that can be: the screen itself and the frames of a turn.
 work=$(mktemp -d -p "$([[ -d /dev/shm ]] && echo /dev/shm || echo "${TMPDIR:-/tmp}")")
 trap 'stop_screen; rm -rf "$work"' EXIT
 trap 'exit 130' INT TERM
-mkdir -p "$output" "$work/screen" "$work/frames"
+mkdir -p "$work/screen" "$work/frames"
 
 program="$work/demo/Flight Simulator 9/Modules/Nimbrel"
 media="$program/Media"
 SCREEN_OPTIONS=(-fbdir "$work/screen")
 start_screen "$work/run"
-"$generator" "$work/demo"
-install -m 755 "$program_file" "$program/nimbrel"
+"$build/demo/nimbrel-demo" "$work/demo"
+install -m 755 "$build/nimbrel" "$program/nimbrel"
 start_program "$program" "$work/program.log"
 main_window
 
