@@ -96,11 +96,13 @@ void InstallSets() {
 
 void RunCp(std::size_t first, std::size_t last, const char* destination) {
   std::vector<std::string> words{"cp", "-r"};
+  words.reserve(3 + last - first);
   for (std::size_t i = first; i < last; ++i) {
     words.push_back((program / kSets[i] / ".").string());
   }
   words.push_back((root / destination).string());
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) {
     arguments.push_back(word.data());
   }
