@@ -22,7 +22,8 @@
 #include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
-#include "settings/mod_ReadConfiguration.h"
+#include "settings/CatalogueReader.h"
+#include "settings/Functions_Configuration.h"
 #include "shell/RingPlan.h"
 #include "shell/mod_GDIP_DrawingRoutines.h"
 #include "support/Surface.h"
@@ -152,7 +153,8 @@ int main(int argc, char** argv) {
   }
   platform::SetApplicationFolder(words[0]);
   const bool cloud = words[1] == "frm_3d";
-  cloud ? nimbrel::LoadCumulusConfiguration() : nimbrel::LoadWaterConfiguration();
+  nimbrel::ReadCatalogueFamily(cloud ? nimbrel::kCloud : nimbrel::kWater, nimbrel::InformationFile(),
+                               nimbrel::Pictures::kLoad);
   Ring ring{cloud ? nimbrel::kCloudRing : nimbrel::kWaterRing,
             cloud ? nimbrel::kCloud : nimbrel::kWater,
             {}};
