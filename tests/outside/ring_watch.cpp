@@ -153,8 +153,8 @@ int main(int argc, char** argv) {
   }
   platform::SetApplicationFolder(words[0]);
   const bool cloud = words[1] == "frm_3d";
-  nimbrel::ReadCatalogueFamily(cloud ? nimbrel::kCloud : nimbrel::kWater, nimbrel::InformationFile(),
-                               nimbrel::Pictures::kLoad);
+  nimbrel::ReadCatalogueFamily(cloud ? nimbrel::kCloud : nimbrel::kWater,
+                               nimbrel::InformationFile(), nimbrel::Pictures::kLoad);
   Ring ring{cloud ? nimbrel::kCloudRing : nimbrel::kWaterRing,
             cloud ? nimbrel::kCloud : nimbrel::kWater,
             {}};
