@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <cerrno>
 #include <cmath>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <limits>
 #include <string>
@@ -16,6 +16,7 @@
 #include "support/SimulatorTree.h"
 #include "support/recorders.h"
 
+namespace fs = std::filesystem;
 using namespace nimbrel;
 
 namespace {
@@ -141,13 +142,12 @@ TEST(History, AFailedAppendChangesNothing) {
 TEST(History, EntriesThatCouldNotBeReadAreNotReplaced) {
   const SimulatorTree tree;
   WriteText(tree.Program(kFile), NumberedFile(72));
-  rlimit descriptors{};
-  ASSERT_EQ(0, getrlimit(RLIMIT_NOFILE, &descriptors));
-  const rlimit none{.rlim_cur = 0, .rlim_max = descriptors.rlim_max};
-  ASSERT_EQ(0, setrlimit(RLIMIT_NOFILE, &none));
+  // A link to itself can't be opened, and is no missing file either.
+  fs::rename(tree.Program(kFile), tree.Program("kept"));
+  fs::create_symlink(tree.Program(kFile), tree.Program(kFile));
   ReadHistory();
   EXPECT_THROW(AppendHistory(0), RunTimeFailure);
-  ASSERT_EQ(0, setrlimit(RLIMIT_NOFILE, &descriptors));
+  fs::rename(tree.Program("kept"), tree.Program(kFile));
   EXPECT_EQ(-1, HistoryLastIndex);
   AppendHistory(0);
   EXPECT_EQ(2, HistoryLastIndex);
