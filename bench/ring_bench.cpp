@@ -41,6 +41,7 @@ long opened_files = 0;
 }  // namespace
 
 // Every open of the process and its libraries comes through here and is counted.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the header's are reserved
 extern "C" int open64(const char* path, int flags, ...) {
   va_list arguments;
   va_start(arguments, flags);
@@ -90,7 +91,7 @@ std::vector<QImage> FillCatalogue(const std::filesystem::path& folder) {
   std::vector<QImage> pictures;
   for (const auto& [family, groups] : {std::pair{nimbrel::kCloud, 4}, {nimbrel::kWater, 3}}) {
     auto& table = nimbrel::Catalogue.Tables[static_cast<std::size_t>(family)];
-    table.Create(static_cast<std::int16_t>(groups), 0);
+    table.Create(static_cast<std::size_t>(groups), 0);
     for (int group = 0; group < groups; ++group) {
       const auto file = folder / ("picture" + std::to_string(group) + ".bmp");
       MakePicture(group).save(QString::fromStdString(file.string()));
@@ -187,7 +188,7 @@ bool NothingStays(int turns) {
   const auto grown = static_cast<long>(mallinfo2().uordblks) - static_cast<long>(held);
   std::printf("%d turns: %ld files opened, %ld bytes more held\n", turns, opened_files - opened,
               grown);
-  return opened_files == opened && grown < 64 * 1024;
+  return opened_files == opened && grown < 64L * 1024;
 }
 
 }  // namespace

@@ -43,15 +43,18 @@ void MakePicture(const std::string& file, std::uint32_t seed) {
 }
 
 void WriteGroup(std::ofstream& text, const OptionGroup& group, const std::string& folder) {
+  const std::string screen_shots = folder + "/Media/Screen Shots/";
   text << group.highest_key << '=' << kOptions - 1 << "\r\n";
   for (std::int16_t option = 0; option < kOptions; ++option) {
-    const std::string name = std::string(group.prefix) + "_" + std::to_string(option);
+    std::string name(group.prefix);
+    name += "_" + std::to_string(option);
     text << RowKey(group.prefix, "Preview", option) << "=Media\\Screen Shots\\" << name << "\r\n"
          << RowKey(group.prefix, "Textures", option) << "=Data\\Sets\\" << name << "\r\n"
          << RowKey(group.prefix, "Description", option) << "=What this option looks like\r\n"
          << RowKey(group.prefix, "Title", option) << "=An option\r\n"
          << RowKey(group.prefix, kInhibitField, option) << "=0\r\n";
-    picture_files.push_back(folder + "/Media/Screen Shots/" + name + ".bmp");
+    name += ".bmp";
+    picture_files.push_back(screen_shots + name);
     MakePicture(picture_files.back(), static_cast<std::uint32_t>(picture_files.size()));
   }
 }
