@@ -62,12 +62,10 @@ void TakeEntries(std::vector<SettingsRecord> entries) {
 }
 
 platform::FileStatus ReadEntries() {
-  using platform::FileStatus;
-  FileStatus status = FileStatus::kOk;
+  platform::FileStatus status = platform::FileStatus::kOk;
   const auto bytes = platform::ReadFile(HistoryFile(), kLargestFile, &status);
   TakeEntries(bytes ? DecodeHistory(*bytes) : std::vector<SettingsRecord>());
-  history_unread = status != FileStatus::kOk && status != FileStatus::kNoSource &&
-                   status != FileStatus::kNotAFile && status != FileStatus::kTooLarge;
+  history_unread = platform::IsUnread(status);
   return status;
 }
 

@@ -36,6 +36,13 @@ enum class FileStatus : std::uint8_t {
   kOther,
 };
 
+/// Whether a reading failed although there may be something to read. What was read before, or is on
+/// disk, is not to be taken for gone then.
+constexpr bool IsUnread(FileStatus status) {
+  return status != FileStatus::kOk && status != FileStatus::kNoSource &&
+         status != FileStatus::kNotAFile && status != FileStatus::kTooLarge;
+}
+
 /// A few words for a message to the user, such as "is read-only".
 std::string_view Describe(FileStatus status);
 

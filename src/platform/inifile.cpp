@@ -53,6 +53,9 @@ void Rebuild(IniFile& file, std::string bytes) {
 FileStatus Reread(const std::string& host, IniFile& file) {
   FileStatus status = FileStatus::kOk;
   const auto bytes = ReadFile(host, kMostBytes, &status);
+  if (IsUnread(status)) {
+    return status;
+  }
   const std::string_view text =
       bytes ? std::string_view(reinterpret_cast<const char*>(bytes->data()), bytes->size()) : "";
   if (text != file.document.Original()) {
@@ -61,8 +64,8 @@ FileStatus Reread(const std::string& host, IniFile& file) {
   return status;
 }
 
-/// Brings what is known of a file up to what is on disk. A failure is not remembered: the file
-/// counts as empty now and is tried again at the next call.
+/// Brings what is known of a file up to what is on disk. A failure is not remembered: the file is
+/// tried again at the next call.
 FileStatus Refresh(const std::string& host, IniFile& file) {
   const std::int64_t now = StampClock();
   struct stat facts {};
@@ -136,6 +139,11 @@ std::string GetPrivateProfileStringA(std::string_view section, std::string_view 
   }
   const std::size_t end = fallback.find_last_not_of(' ') + 1;  // 0 when it is nothing but blanks
   return FromAnsi(ToAnsi(fallback.substr(0, end)).substr(0, most));
+}
+
+FileStatus ReadProfile(std::string_view file) {
+  const std::string host = HostPath(file);
+  return Refresh(host, Entry(host));
 }
 
 FileStatus WritePrivateProfileStringA(std::string_view section, std::string_view key,

@@ -14,8 +14,8 @@ namespace platform {
 /// counts; blanks round a value and one pair of quotes round it are taken off; lines that begin
 /// with ';' are comments; CRLF and LF are both read and each file keeps its own. Text is UTF-8 here
 /// and Windows-1252 in the file. A file is read once and again only when it changed on disk (time
-/// stamp, size or identity), and no call costs a pass over it. Files over 16 MiB count as absent,
-/// and are not written.
+/// stamp, size or identity), and no call costs a pass over it; while the system will not read it,
+/// what was read last stands. Files over 16 MiB count as absent, and are not written.
 
 /// The decimal value of a key: blanks, a sign and digits, up to the first other character; 0 when
 /// there is none. `fallback` when section, key or file is absent. Wraps at 32 bits, as published.
@@ -27,6 +27,10 @@ std::int32_t GetPrivateProfileIntA(std::string_view section, std::string_view ke
 std::string GetPrivateProfileStringA(std::string_view section, std::string_view key,
                                      std::string_view fallback, std::size_t size,
                                      std::string_view file);
+
+/// Reads the file now if it has to be read. Whoever takes a lot of values asks first, since a file
+/// that the system will not read has none.
+FileStatus ReadProfile(std::string_view file);
 
 /// Replaces the key's value in place, or adds the key at the end of its section, or the section at
 /// the end of the file, or creates the file. Every other byte stays. One safe, flushed replacement

@@ -118,6 +118,7 @@ void ReadGroup(const OptionGroup& group, const std::string& file, Pictures pictu
 void ReadCatalogueFamily(std::int16_t number, const std::string& file, Pictures pictures) {
   const auto family = static_cast<std::size_t>(number);
   const FamilyKeys& keys = kFamilyKeys[family];
+  RequireReadable(file);
   const std::int16_t largest = ReadHighestIndices(keys, file);
   for (const TextKey& text : keys.texts) {
     Catalogue.*text.value = ReadIniString(kFamilySections[family], text.key, file);

@@ -33,6 +33,13 @@ std::string ReadIniString(std::string_view section, std::string_view key, std::s
   return platform::Trim(value);
 }
 
+void RequireReadable(std::string_view file) {
+  const platform::FileStatus status = platform::ReadProfile(file);
+  if (platform::IsUnread(status)) {
+    throw RunTimeFailure(std::string(file) + " " + std::string(platform::Describe(status)));
+  }
+}
+
 platform::FileStatus WriteIniString(std::string_view section, std::string_view key,
                                     std::string_view value, std::string_view file) {
   return platform::WritePrivateProfileStringA(section, key, value, file);

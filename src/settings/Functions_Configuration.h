@@ -26,6 +26,10 @@ extern std::string SimulatorRoot;
 std::string RowKey(std::string_view prefix, std::string_view field, std::int16_t option);
 inline constexpr std::string_view kInhibitField = "InhibitRandomizer";
 
+/// Throws RunTimeFailure when the file is there and the system will not read it: every key would
+/// count as absent. What is read once stands from then on.
+void RequireReadable(std::string_view file);
+
 /// The value of a key as a 32-bit number, 0 when absent.
 std::int32_t ReadIniInt(std::string_view section, std::string_view key, std::string_view file);
 /// The value of a key, at most 511 characters, null characters as blanks, trimmed.

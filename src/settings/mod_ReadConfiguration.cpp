@@ -25,6 +25,7 @@ constexpr std::array<const char*, kReaders> kReaderNames{"Cumulus", "Sky", "Wate
 
 /// A value that fits no flag is off like every other, so that the switch can be set anew.
 void ReadSwitches(const std::string& file) {
+  RequireReadable(file);
   const MainSwitches switches = Switches();
   switches.chk_DXT.SetValue(ReadIniInt("Main", "useDXT", file) == 1 ? 1 : 0);
   switches.chk_Fast.SetValue(ReadIniInt("Main", "useLowRes", file) == 1 ? 1 : 0);

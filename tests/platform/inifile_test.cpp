@@ -233,6 +233,12 @@ TEST(IniFile, WhatCantBeReadIsNeverOverwritten) {
   fs::permissions(file.folder / "File.cfg", fs::perms(0400));
   EXPECT_EQ("1", file.Get("a", "k"));
   EXPECT_EQ(FileStatus::kReadOnly, WritePrivateProfileStringA("a", "k", "2", file.path));
+  fs::permissions(file.folder / "File.cfg", fs::perms(0600));
+  EXPECT_EQ("1", file.Get("a", "k"));
+  WriteText(file.folder / "File.cfg", "[a]\nk=33\n");
+  fs::permissions(file.folder / "File.cfg", fs::perms(0200));
+  EXPECT_EQ(FileStatus::kNoPermission, platform::ReadProfile(file.path));
+  EXPECT_EQ("1", file.Get("a", "k")) << "what was read last does not stand";
 }
 
 TEST(IniFile, TakesNoiseAndSizeAsTheyCome) {
