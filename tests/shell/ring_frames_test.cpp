@@ -106,7 +106,7 @@ TEST_F(RingFrames, ClicksDuringATurnAreHandledAfterItAndNoneIsLost) {
     auto& selected = CurrentSelection[static_cast<std::size_t>(family)];
     selected = {};
     Press("frm_Main", open);
-    QWidget* right = Window(form, "btn_Right")->findChild<QWidget*>("pic_BG");
+    auto* right = Window(form, "btn_Right")->findChild<QWidget*>("pic_BG");
     PostClick(*right);
     PostClick(*right);
     Press(form, family == kSky ? "btn_CounterClockwise" : "btn_Clockwise");
