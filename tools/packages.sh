@@ -8,7 +8,6 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick)
 FUZZ_PACKAGES=(clang-14 libclang-rt-14-dev)
 BENCH_PACKAGES=(libbenchmark-dev libstb-dev)
-COVERAGE_PACKAGES=("${FUZZ_PACKAGES[@]}" llvm-14)
 # What the package's menu entry, catalogue entry and manual pages are validated with.
 VALIDATE_PACKAGES=(desktop-file-utils appstream man-db groff-base)
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-format-14 "${FUZZ_PACKAGES[@]}"
