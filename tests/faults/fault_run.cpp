@@ -277,10 +277,11 @@ bool Checker::IsKnown(const std::string& path, const std::string& bytes) const {
   if (path == kInformation) {
     return IsMixture(bytes, was->second, is->second);
   }
-  // The composer's sheets, gone at the end of a whole run: of the length that they say.
+  // What the composer makes, of the length that it says: the sheets, gone at the end of a whole
+  // run, and a texture without an input that the system would not read, which goes nowhere then.
   std::uint32_t length = 0;
-  const bool sheet = path.find("/TEMPBITMAPS/cumulus01_") != std::string::npos && bytes.size() > 6;
-  return sheet && (std::memcpy(&length, bytes.data() + 2, 4), length == bytes.size());
+  const bool composed = path.find("/TEMPBITMAPS/") != std::string::npos && bytes.size() > 6;
+  return composed && (std::memcpy(&length, bytes.data() + 2, 4), length == bytes.size());
 }
 
 void Checker::EverythingWhole(const Tree& tree, bool temporaries) const {
