@@ -211,9 +211,13 @@ bool FileExists(std::string_view path) { return IsFile(HostPath(path)); }
 bool FolderExists(std::string_view path) { return IsFolder(HostPath(path)); }
 
 bool CreateFolder(std::string_view path) {
-  const std::string host = HostPath(path);
+  int unread = 0;
+  const std::string host = FindHostPath(path, unread);
   if (host.empty() || IsFolder(host)) {
     return !host.empty();
+  }
+  if (unread != 0) {
+    return false;  // it may stand there in another case
   }
   const PathParts parts = SplitPath(host);
   OwnFolderChange change(parts.folder);
