@@ -130,6 +130,8 @@ shot installed
 press_ok
 no_message
 sums >"$work/after"
+short_after=$(contrail_life "$simulator/Effects/fx_contrail_s.fx")
+long_after=$(contrail_life "$simulator/Effects/fx_contrail_L.fx")
 
 say "Looking round the main page"
 main_window
@@ -205,8 +207,8 @@ while IFS= read -r file; do
 done <"$work/changed"
 ((count > 0)) || fail "the install changed nothing"
 say "  $count files of $(wc -l <"$work/before") replaced or added, $bytes bytes"
-say "  fx_contrail_s.fx Lifetime: $short_before -> $(contrail_life "$simulator/Effects/fx_contrail_s.fx")"
-say "  fx_contrail_L.fx Lifetime: $long_before -> $(contrail_life "$simulator/Effects/fx_contrail_L.fx")"
+say "  fx_contrail_s.fx Lifetime: $short_before -> $short_after"
+say "  fx_contrail_L.fx Lifetime: $long_before -> $long_after"
 say "  unticked for the randomizer: $(grep -c 'InhibitRandomizer\.[0-9]*=1' "$program/NB_Information.cfg") options"
 say "  in Favorites: $(cd "$program/Favorites" && stat -c '%n (%s bytes)' -- *.nbf | paste -sd ,)"
 say "  useDXT, useLowRes after the exit: $(value_of "$program/NB_Information.cfg" useDXT), $(value_of "$program/NB_Information.cfg" useLowRes)"
