@@ -195,9 +195,11 @@ Status GdipDrawImageRectRect(const GpGraphics& graphics, const GpImage& image,
   if (!canvas.Ready()) {
     return Status::InvalidParameter;
   }
-  canvas->setRenderHint(QPainter::SmoothPixmapTransform);
   const QRect place = WholePixels(destination);
   const QRect part = WholePixels(source);
+  // Pixels that are not scaled stay as they are; asking for smoothness would cost six times as
+  // much.
+  canvas->setRenderHint(QPainter::SmoothPixmapTransform, place.size() != part.size());
   if (!place.isEmpty() && !part.isEmpty()) {
     canvas->drawImage(place, image->pixels, part);
   }
