@@ -2,8 +2,9 @@
 // ring_watch FOLDER FORM X Y rest FRONT OPTION
 // Looks at the ring page that the program in FOLDER shows at (X, Y) of the screen and holds it
 // against frames drawn here, picture by picture, from the same catalogue and background.
-// turn: watches until every frame in the middle of a turn was seen. A sight that is no whole frame
-// of a turn ends with failure and stays behind as a picture; so does a minute without all frames.
+// turn: watches until every frame in the middle of a turn in that direction was seen. A sight that
+// is no whole frame of a turn in either direction (clicks of an earlier watch may still wait) ends
+// with failure and stays behind as a picture; so does a minute without all frames.
 // rest: whether the page shows the ring at rest with that option in front, the others at their
 // first.
 
@@ -50,7 +51,7 @@ struct Ring {
 struct Frame {
   std::string name;
   Surface surface;
-  bool turning;  ///< one that has to be seen
+  bool to_be_seen;
 };
 
 /// Draws the pictures plainly, as each is told to look.
@@ -75,9 +76,9 @@ Frame Draw(const Ring& ring, std::span<const nimbrel::PlacedPicture> placed, int
   return frame;
 }
 
-/// The frames between two rings at rest, and those rings.
-std::vector<Frame> TurnFrames(const Ring& ring, TurnDirection direction) {
-  std::vector<Frame> frames;
+/// Appends the frames between two rings at rest, and those rings.
+void AddTurnFrames(const Ring& ring, TurnDirection direction, bool to_be_seen,
+                   std::vector<Frame>& frames) {
   for (int front = 0; front < static_cast<int>(ring.plan.rest.size()); ++front) {
     const std::string to = " of the turn to group " + std::to_string(front);
     frames.push_back(Draw(ring, ring.plan.rest, front, 0, "end" + to));
@@ -85,9 +86,18 @@ std::vector<Frame> TurnFrames(const Ring& ring, TurnDirection direction) {
       const nimbrel::FramePlan plan = nimbrel::TurnFrame(ring.plan, direction, number);
       frames.push_back(Draw(ring, std::span(plan.pictures).first(plan.count), front, 0,
                             "frame " + std::to_string(number) + to));
-      frames.back().turning = true;
+      frames.back().to_be_seen = to_be_seen;
     }
   }
+}
+
+/// Those to be seen come first: some look the same in both directions.
+std::vector<Frame> TurnFrames(const Ring& ring, TurnDirection direction) {
+  const bool up = direction == TurnDirection::kCounterclockwise;
+  std::vector<Frame> frames;
+  AddTurnFrames(ring, direction, true, frames);
+  AddTurnFrames(ring, up ? TurnDirection::kClockwise : TurnDirection::kCounterclockwise, false,
+                frames);
   return frames;
 }
 
@@ -119,7 +129,7 @@ QImage Look(const QPoint& corner) {
 int WatchTurns(const std::vector<Frame>& frames, const QPoint& corner) {
   std::set<const Frame*> missing;
   for (const Frame& frame : frames) {
-    if (frame.turning) {
+    if (frame.to_be_seen) {
       missing.insert(&frame);
     }
   }
