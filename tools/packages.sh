@@ -7,6 +7,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
 # A screen without a monitor, a window manager on it, hands and eyes.
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick)
 FUZZ_PACKAGES=(clang-14 libclang-rt-14-dev)
+COVERAGE_PACKAGES=(llvm-14)
 BENCH_PACKAGES=(libbenchmark-dev libstb-dev)
 # What the package's menu entry, catalogue entry and manual pages are validated with.
 VALIDATE_PACKAGES=(desktop-file-utils appstream man-db groff-base)
