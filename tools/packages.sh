@@ -2,7 +2,7 @@
 # What the commands need from Debian 12. To be sourced.
 
 # Building the program, and the demo's pictures.
-BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev qt6-qpa-plugins
+BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libgl-dev libcanberra-dev libsquish-dev fonts-dejavu-core)
 # A screen without a monitor, a window manager on it, hands and eyes.
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick)
