@@ -65,11 +65,7 @@ constexpr std::array<const char*, kFamilies> kSpotNames{"lbl_CloudPreview", "lbl
 
 std::int16_t DrawnOption(std::size_t place) { return RandomizerRecord.*kRecordFields[place]; }
 
-/// Whose picture an open large preview shows, as a place in kOptionGroups.
-std::size_t previewed = 0;
-
 void ShowOptionPreview(std::size_t place) {
-  previewed = place;
   const OptionGroup& group = kOptionGroups[place];
   OpenPreview(group.family, group.index, DrawnOption(place), RandomizerOverview().form,
               kPreviewLeft, kPreviewTop);
@@ -159,9 +155,8 @@ void FillRandomizerOverview() {
     DrawOverviewPreview(MiniLeft(group), FamilyTop(group.family), kMiniWidth, kMiniHeight,
                         group.family, group.index, DrawnOption(i));
   }
-  // A preview that is open while a new selection is drawn would go on showing the old one.
-  if (PreviewIsOpen()) {
-    ShowOptionPreview(previewed);
+  if (const auto place = PreviewedGroup(page.form)) {
+    ShowOptionPreview(*place);
   }
 }
 

@@ -6,10 +6,14 @@
 #include "platform/text.h"
 #include "settings/Selection.h"
 #include "shell/frm_Main.h"
+#include "shell/frm_Preview.h"
 #include "shell/mod_GDIP_PagePainting.h"
 
 namespace nimbrel {
 namespace {
+
+constexpr int kPreviewLeft = 177;
+constexpr int kPreviewTop = 240;
 
 std::int16_t SelectedOption(const OptionGroup& group) {
   return CurrentSelection[static_cast<std::size_t>(group.family)]
@@ -31,6 +35,9 @@ void ShowPictures(frm_Main& main) {
                        group.index, SelectedOption(group));
   }
   main.pic_Main.Refresh();
+  if (const auto place = PreviewedGroup(main.form)) {
+    ShowMainPreview(kOptionGroups[*place]);
+  }
 }
 
 std::string HistoryRow(const SettingsRecord& entry) {
@@ -67,6 +74,11 @@ void RefreshMainPage() {
   ShowPictures(main);
   FillHistory(main.combo_History);
   main.combo_History.SetListIndex(RowToSelect(main.combo_History));
+}
+
+void ShowMainPreview(const OptionGroup& group) {
+  OpenPreview(group.family, group.index, SelectedOption(group), MainForm().form, kPreviewLeft,
+              kPreviewTop);
 }
 
 }  // namespace nimbrel

@@ -8,6 +8,7 @@
 #include "shell/FormLoaded.h"
 #include "shell/MainSwitches.h"
 #include "shell/PageForm.h"
+#include "shell/RefreshMainPage.h"
 #include "shell/frm_Preview.h"
 #include "widgets/SmallFontFix.h"
 
@@ -18,8 +19,6 @@ constexpr int kWindowWidth = 798;
 constexpr int kWindowHeight = 603;
 constexpr int kPanelWidth = 596;
 constexpr int kPanelHeight = 450;
-constexpr int kPreviewLeft = 177;
-constexpr int kPreviewTop = 240;
 
 struct LabelRow {
   platform::Label frm_Main::*label;
@@ -183,13 +182,6 @@ void SetHandPointer(platform::Control& control) {
   control.SetMousePointer(platform::kPointerCustom);
 }
 
-void ShowOptionPreview(const OptionGroup& group) {
-  const auto family = static_cast<std::size_t>(group.family);
-  const auto index = static_cast<std::size_t>(group.index);
-  OpenPreview(group.family, group.index, CurrentSelection[family][index], MainForm().form,
-              kPreviewLeft, kPreviewTop);
-}
-
 void Toggle(platform::CheckBox& box) { box.SetValue(IsOn(box) ? 0 : 1); }
 
 /// Freed by its release alone: static objects end after the toolkit does.
@@ -245,7 +237,7 @@ void frm_Main::MakePreviewSpots() {
                              std::to_string(group.index) + ")";
     preview_spots[i] = std::make_unique<platform::Label>(pic_Main, name);
     preview_spots[i]->PlacePixels(MiniLeft(group), MiniTop(group), kMiniWidth, kMiniHeight);
-    preview_spots[i]->Click = [&group] { ShowOptionPreview(group); };
+    preview_spots[i]->Click = [&group] { ShowMainPreview(group); };
     SetHandPointer(*preview_spots[i]);
   }
 }

@@ -1,7 +1,10 @@
 #include "shell/frm_Preview.h"
 
+#include <algorithm>
+
 #include "platform/system.h"
 #include "randomizer/frm_RandomizerOverview.h"
+#include "settings/Catalogue.h"
 #include "shell/FormLoaded.h"
 #include "shell/PageForm.h"
 #include "shell/frm_Main.h"
@@ -16,6 +19,17 @@ constexpr int kHeight = 210;
 
 /// The window it was a child of before it went onto a page.
 platform::HWND PreviewParent = nullptr;
+
+const platform::Form* previewed_on = nullptr;
+std::size_t previewed_group = 0;  ///< its place in kOptionGroups
+
+std::size_t GroupPlace(std::int16_t family, std::int16_t index) {
+  const auto place = std::find_if(kOptionGroups.begin(), kOptionGroups.end(),
+                                  [family, index](const OptionGroup& group) {
+                                    return group.family == family && group.index == index;
+                                  });
+  return static_cast<std::size_t>(place - kOptionGroups.begin());
+}
 
 void SetHints(const char* text) {
   MainForm().lbl_PreviewText.SetCaption(text);
@@ -54,6 +68,8 @@ void OpenPreview(std::int16_t family, std::int16_t group, std::int16_t option, p
     form.ZOrder();
     PreviewParent = platform::SetParent(form.hWnd(), page.hWnd());
   }
+  previewed_on = &page;
+  previewed_group = GroupPlace(family, group);
   form.Cls();
   DrawLargePreview(family, group, option);
   form.Refresh();
@@ -65,6 +81,10 @@ void ClosePreview() {
     ReleasePreview();
     SetHints(kPreviewClosedText);
   }
+}
+
+std::optional<std::size_t> PreviewedGroup(const platform::Form& page) {
+  return PreviewIsOpen() && previewed_on == &page ? std::optional(previewed_group) : std::nullopt;
 }
 
 bool PreviewIsOpen() { return IsFormLoaded(FormId::kPreview) && PreviewForm().form.Visible(); }

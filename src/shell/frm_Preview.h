@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "platform/forms.h"
 
@@ -27,6 +29,10 @@ void OpenPreview(std::int16_t family, std::int16_t group, std::int16_t option, p
 /// Takes it out of its page and hides it; does nothing when it is closed.
 void ClosePreview();
 bool PreviewIsOpen();
+/// The place in kOptionGroups of the group whose picture stands large on that page, if one does. A
+/// page that shows other options calls OpenPreview for it again: it would go on showing the old
+/// one.
+std::optional<std::size_t> PreviewedGroup(const platform::Form& page);
 /// For shutdown: gives it its old parent back and hides it, nothing else.
 void ReleasePreview();
 

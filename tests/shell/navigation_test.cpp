@@ -120,10 +120,13 @@ TEST_F(Navigation, LoadHistoryBringsTheChosenEntryBack) {
   answers.titles.clear();
   MainForm().combo_History.SetListIndex(1);
   EXPECT_EQ(2, CurrentSelection[kCloud][2]) << "picking a row alone loads nothing";
+  ClickOn("frm_Main", "lbl_CloudPreview(2)");
   Press("frm_Main", "btn_History");
   EXPECT_EQ(std::vector<std::string>{"History Settings Loaded"}, answers.titles);
   EXPECT_EQ(1, CurrentSelection[kCloud][2]);
   EXPECT_EQ(OptionTitle(kCloud, 2, 1), MainForm().lbl_Cloud_Wispy.Caption());
+  EXPECT_EQ(OptionColor(kCloud, 2, 1), platform::GetPixel(PreviewForm().form.hDC(), 130, 100))
+      << "an open large preview";
   EXPECT_EQ(1, MainForm().combo_History.ListIndex());
   EXPECT_EQ(-1, HistoryFocusIndex);
 }
