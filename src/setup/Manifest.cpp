@@ -5,8 +5,10 @@
 #include <charconv>
 #include <span>
 #include <string_view>
+#include <unordered_set>
 
 #include "platform/files.h"
+#include "platform/text.h"
 #include "setup/Places.h"
 
 namespace nimbrel {
@@ -38,11 +40,26 @@ bool ToNumber(std::string_view text, std::uintmax_t& number) {
   return error == std::errc() && end == text.data() + text.size();
 }
 
-/// A path that could lead out of the simulator is none of ours.
+/// Signs that no name in the list has: they end its line, the name, or a name as the program
+/// composes it.
+constexpr std::string_view kNotInNames("\r\n\\\0", 4);
+
+/// A path that could lead out of the simulator, or has a second way to be written, is none of ours.
 bool IsPath(std::string_view path) {
+  constexpr std::array<std::string_view, 3> kNotInPaths{"//", "/./", "/../"};
   const std::string parts = "/" + std::string(path) + "/";
-  return !path.empty() && parts.find("//") == std::string::npos &&
-         parts.find("/../") == std::string::npos && path.find('\\') == std::string_view::npos;
+  return path.find_first_of(kNotInNames) == std::string_view::npos &&
+         std::none_of(kNotInPaths.begin(), kNotInPaths.end(),
+                      [&](std::string_view none) { return parts.find(none) != std::string::npos; });
+}
+
+/// No file has been two things before.
+bool NamesAreUnique(const Manifest& manifest) {
+  std::unordered_set<std::string> names;
+  return std::all_of(manifest.originals.begin(), manifest.originals.end(),
+                     [&](const Original& original) {
+                       return names.insert(platform::FoldName(original.path)).second;
+                     });
 }
 
 bool TakeOriginal(std::string_view line, Original& original) {
@@ -72,7 +89,8 @@ bool Parse(std::string_view text, Manifest& manifest) {
     if (line.starts_with(kEnd)) {
       Take(line, ' ');
       std::uintmax_t count = 0;
-      return ToNumber(line, count) && count == manifest.originals.size() && text.empty();
+      return ToNumber(line, count) && count == manifest.originals.size() && text.empty() &&
+             NamesAreUnique(manifest);
     }
     if (line == kMade) {
       manifest.made_modules = true;

@@ -28,6 +28,14 @@ bool Exists(const std::string& host) {
   return fs::exists(fs::symlink_status(host, ignored));
 }
 
+/// Nothing of the store is an original, and a link that has come since the list was written may
+/// lead out of the simulator.
+bool MayTouch(const Places& places, const std::string& host) {
+  const std::string folder = fs::path(host).parent_path().string();
+  return platform::LiesWithin(folder, places.simulator) &&
+         !platform::LiesWithin(folder, places.originals);
+}
+
 /// Whether a file has the content of an original. One that can't be read has not.
 bool Holds(const std::string& host, const Original& original) {
   std::error_code error;
@@ -60,6 +68,9 @@ bool MayBeInstalled(const WrittenFile& file, bool installs_made) {
 
 void PlanFile(const Places& places, const WrittenFile& file, bool installs_made, KeepPlan& plan) {
   std::string path = file.target.substr(places.simulator.size() + 1);
+  if (!MayTouch(places, file.target)) {
+    return;
+  }
   if (!Exists(file.target)) {
     plan.absent.push_back(std::move(path));
   } else if (!platform::FileExists(file.target)) {
@@ -129,6 +140,10 @@ FileStatus BringBack(const Places& places, const std::string& path) {
       platform::CopyOver(StoredFile(places, path), InSimulator(places, path),
                          platform::Durability::kFlushedRename, {}, places.simulator);
   return status == FileStatus::kOk ? SetLetterCase(places, path) : status;
+}
+
+FileStatus TakeAway(const Places& places, const std::string& path) {
+  return platform::DeleteFile(InSimulator(places, path));
 }
 
 void PlanOriginal(const Places& places, const Original& original, RestorePlan& plan) {
@@ -209,23 +224,28 @@ RestorePlan PlanRestoring(const Places& places, const Manifest& manifest) {
 std::vector<NotRestored> Restore(const Places& places, const Manifest& manifest,
                                  const RestorePlan& plan) {
   std::vector<NotRestored> failures;
-  const auto note = [&](const std::string& path, FileStatus status) {
+  const auto act = [&](const std::string& path, auto&& step) {
+    const FileStatus status =
+        MayTouch(places, InSimulator(places, path)) ? step(places, path) : FileStatus::kOutside;
     if (status != FileStatus::kOk) {
       failures.push_back({path, status});
     }
   };
   for (const Original& original : plan.bring_back) {
-    note(original.path, BringBack(places, original.path));
+    act(original.path, BringBack);
   }
   for (const Original& original : plan.rename) {
-    note(original.path, SetLetterCase(places, original.path));
+    act(original.path, SetLetterCase);
   }
   for (const std::string& path : plan.take_away) {
-    note(path, platform::DeleteFile(InSimulator(places, path)));
+    act(path, TakeAway);
   }
   std::set<std::string> folders;
   for (const Original& original : manifest.originals) {
-    folders.insert(fs::path(InSimulator(places, original.path)).parent_path().string());
+    const std::string host = InSimulator(places, original.path);
+    if (MayTouch(places, host)) {
+      folders.insert(fs::path(host).parent_path().string());
+    }
   }
   for (const std::string& folder : folders) {
     platform::RemoveTemporaries(folder);
@@ -234,7 +254,7 @@ std::vector<NotRestored> Restore(const Places& places, const Manifest& manifest,
 }
 
 std::string StoredFile(const Places& places, const std::string& path) {
-  return FilesFolder(places) + "/" + path;
+  return platform::HostPath(FilesFolder(places) + "/" + path);
 }
 
 bool HoldsFilesWithoutManifest(const Places& places) {

@@ -56,7 +56,7 @@ struct NotRestored {
 std::vector<NotRestored> Restore(const Places& places, const Manifest& manifest,
                                  const RestorePlan& plan);
 
-/// The store's copy of a kept original.
+/// The store's copy of a kept original, as it is on disk in whatever letter case.
 std::string StoredFile(const Places& places, const std::string& path);
 /// Whether the store holds any file that no manifest lists yet.
 bool HoldsFilesWithoutManifest(const Places& places);

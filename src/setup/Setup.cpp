@@ -1,5 +1,6 @@
 #include "setup/Setup.h"
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <istream>
@@ -118,7 +119,9 @@ std::vector<std::string> KeptPaths(const Manifest& manifest, const KeepPlan& pla
   std::vector<std::string> kept = plan.keep;
   kept.insert(kept.end(), plan.stored.begin(), plan.stored.end());
   for (const Original& original : manifest.originals) {
-    if (original.was == Was::kKept) {
+    const bool lost =
+        std::find(plan.lost.begin(), plan.lost.end(), original.path) != plan.lost.end();
+    if (original.was == Was::kKept && !lost) {
       kept.push_back(original.path);
     }
   }

@@ -200,6 +200,36 @@ TEST_F(SetupWorld, RefusesWhatItCantDoAndChangesNothing) {
   }
 }
 
+TEST_F(SetupWorld, RefusesListsThatItNeverWrote) {
+  for (const std::string entries : {"absent .\nend 1", "absent TEXTURE/./SUN.BMP\nend 1",
+                                    "absent SUN\r\nend 1", "absent Sun\nunknown SUN\nend 2"}) {
+    WriteText(Originals("manifest"), "Nimbrel originals 1\n" + entries + "\n");
+    EXPECT_NE(std::string::npos, Run({"--yes", simulator}).err.find("is damaged")) << entries;
+  }
+}
+
+TEST_F(SetupWorld, FollowsNoLinkOutAndLeavesItsStoreAlone) {
+  fs::create_directory_symlink(pack, InSimulator("TEXTURE/link"));
+  WriteText(Originals("manifest"),
+            "Nimbrel originals 1\nabsent Texture/link/NB_Information.cfg\n"
+            "absent Modules/Nimbrel Originals/manifest\nend 2\n");
+  const Tree before = TreeOf(temp.path());
+  EXPECT_EQ(kFailed, Run({"--yes", "--restore", simulator}).status);
+  EXPECT_EQ(before, TreeOf(temp.path()));
+}
+
+TEST_F(SetupWorld, GoesOnWithAStoreThatChanged) {
+  ASSERT_EQ(kDone, Run({"--yes", simulator}).status);
+  fs::rename(Originals("files/TEXTURE/DAY.bmp"), Originals("files/TEXTURE/day.BMP"));
+  fs::remove(Originals("files/TEXTURE/SUN.BMP"));
+  fs::remove(Nimbrel("Backups/TEX/SUN.BMP"));
+  WriteText(InSimulator("TEXTURE/SUN.BMP"), "another");
+  EXPECT_EQ(kDone, Run({"--yes", simulator}).status);
+  WriteText(InSimulator("TEXTURE/DAY.bmp"), "another");
+  Run({"--yes", "--restore", simulator});
+  EXPECT_EQ("own TEXTURE/DAY.bmp", ReadText(InSimulator("TEXTURE/DAY.bmp")));
+}
+
 TEST_F(SetupWorld, RefusesWhileTheProgramRuns) {
   sources.program = "/bin/sleep";
   ASSERT_EQ(kDone, Run({"--yes", simulator}).status);
