@@ -14,6 +14,8 @@ namespace {
 constexpr const char* kOn = "180.0,180.0";
 constexpr const char* kOff = "1.50,1.50";
 
+[[maybe_unused]] const bool kSettled = fuzz::LetFilesSettle();
+
 std::filesystem::path File() { return fuzz::Simulator("Effects/fx_contrail_s.fx"); }
 
 std::string Lifetime() { return nimbrel::ReadIniString("Particle.0", "Lifetime", File().string()); }

@@ -17,6 +17,8 @@ namespace {
 
 std::filesystem::path File() { return fuzz::Program("NB_Information.cfg"); }
 
+[[maybe_unused]] const bool kSettled = fuzz::LetFilesSettle();
+
 /// The four readers in the order of the start; false when one has ended the program.
 bool Load() {
   try {

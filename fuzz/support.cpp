@@ -1,12 +1,17 @@
 #include "support.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
-#include <fstream>
+#include <ctime>
 #include <iterator>
 
+#include "platform/Descriptor.h"
 #include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Functions_Configuration.h"
@@ -14,6 +19,10 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+/// The real-time clock stands so many seconds ahead of the files' stamps.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): set once, before all else
+std::time_t seconds_ahead = 0;
 
 /// Made at the start and gone at the end; one that a crash leaves behind lies in memory.
 class Tree {
@@ -23,23 +32,28 @@ class Tree {
     std::string name =
         (fs::exists(memory) ? memory : fs::temp_directory_path()) / "nimbrel-fuzz-XXXXXX";
     fuzz::Require(mkdtemp(name.data()) != nullptr);
-    root_ = fs::canonical(name);
-    fs::create_directories(Program());
-    platform::SetApplicationFolder(Program().string());
-    nimbrel::SimulatorRoot = Program().string() + "\\..\\..\\";
+    world_ = fs::canonical(name);
+    simulator_ = world_ / "simulator";
+    program_ = simulator_ / "Modules" / "Nimbrel";
+    fs::create_directories(program_);
+    platform::SetApplicationFolder(program_.string());
+    nimbrel::SimulatorRoot = program_.string() + "\\..\\..\\";
   }
   Tree(const Tree&) = delete;
   Tree& operator=(const Tree&) = delete;
   ~Tree() {
     std::error_code ignored;
-    fs::remove_all(root_, ignored);
+    fs::remove_all(world_, ignored);
   }
 
-  const fs::path& Root() const { return root_; }
-  fs::path Program() const { return root_ / "Modules" / "Nimbrel"; }
+  const fs::path& World() const { return world_; }
+  const fs::path& Simulator() const { return simulator_; }
+  const fs::path& Program() const { return program_; }
 
  private:
-  fs::path root_;
+  fs::path world_;
+  fs::path simulator_;
+  fs::path program_;
 };
 
 const Tree& TheTree() {
@@ -53,6 +67,14 @@ const Tree& TheTree() {
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's own name for it
 extern "C" const char* __asan_default_options() {
   return "malloc_context_size=8:quarantine_size_mb=16";
+}
+
+/// The system's, but for the head start. It stands in for the C library's own.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
+extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
+  const auto result = static_cast<int>(syscall(SYS_clock_gettime, clock, time));
+  time->tv_sec += clock == CLOCK_REALTIME ? seconds_ahead : 0;
+  return result;
 }
 
 /// The toolkit stands throughout: switches are check boxes, pictures and pointers its own.
@@ -88,23 +110,40 @@ void RequireOneEdit(std::string_view before, std::string_view after, std::size_t
 
 fs::path Program(std::string_view file) { return TheTree().Program() / file; }
 
-fs::path Simulator(std::string_view file) { return TheTree().Root() / file; }
+fs::path Simulator(std::string_view file) { return TheTree().Simulator() / file; }
+
+fs::path World(std::string_view file) { return TheTree().World() / file; }
+
+bool LetFilesSettle() {
+  constexpr std::time_t kHour = 3600;
+  seconds_ahead = kHour;
+  return true;
+}
 
 void Put(const fs::path& file, Bytes bytes) {
   static fs::path known_folder;
+  static std::time_t moment = 0;
   if (file.parent_path() != known_folder) {
     known_folder = file.parent_path();
     fs::create_directories(known_folder);
   }
-  std::ofstream out(file, std::ios::binary | std::ios::trunc);
-  out.write(Text(bytes).data(), static_cast<std::streamsize>(bytes.size()));
-  Require(out.good());
+  const platform::Descriptor out(
+      open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  Require(out.IsOpen());
+  Require(write(out.Number(), bytes.data(), bytes.size()) == std::ssize(bytes));
+  // No two contents under one stamp.
+  const timespec stamp{++moment, 1};
+  const std::array<timespec, 2> stamps{stamp, stamp};
+  Require(futimens(out.Number(), stamps.data()) == 0);
 }
 
 std::string Get(const fs::path& file) {
-  const std::ifstream in(file, std::ios::binary);
-  Require(in.is_open());
-  return {std::istreambuf_iterator<char>(in.rdbuf()), {}};
+  const platform::Descriptor in(open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  struct stat facts {};
+  Require(in.IsOpen() && fstat(in.Number(), &facts) == 0);
+  std::string text(static_cast<std::size_t>(facts.st_size), '\0');
+  Require(read(in.Number(), text.data(), text.size()) == std::ssize(text));
+  return text;
 }
 
 Bytes TakePart(Bytes& input) {

@@ -23,6 +23,13 @@ void RequireOneEdit(std::string_view before, std::string_view after, std::size_t
 /// memory and is the ApplicationFolder.
 std::filesystem::path Program(std::string_view file);
 std::filesystem::path Simulator(std::string_view file);
+/// A file of the folder that the simulator's stands in.
+std::filesystem::path World(std::string_view file);
+
+/// To be called before the fuzzing begins: the clock goes ahead by an hour, so that the program
+/// takes every file for one that has long been written and does not read it anew for each value.
+/// Only for fuzzers that give no file two contents but by Put or by the program's own replacing.
+bool LetFilesSettle();
 
 /// Writes a file, making its folders.
 void Put(const std::filesystem::path& file, Bytes bytes);
