@@ -3,6 +3,7 @@
 #include <string>
 
 #include "history/mod_Favorites.h"
+#include "platform/files.h"
 #include "platform/text.h"
 #include "settings/Functions_Configuration.h"
 #include "shell/frm_Msg.h"
@@ -41,7 +42,8 @@ void Save(const FavoriteRecord& favorite) {
     Require(CountOf(Folder()) == before);
     return;
   }
-  const fs::path file = Folder() / FavoriteFileName(favorite.Title);
+  // The given file's own name in another letter case is that file.
+  const fs::path file = platform::HostPath((Folder() / FavoriteFileName(favorite.Title)).string());
   Require(fs::file_size(file) == kFavoriteBytes && CountOf(Folder()) <= before + 1);
   fs::remove(file);
 }

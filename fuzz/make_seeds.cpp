@@ -104,6 +104,7 @@ void PutStores(const Folder& folder) {
   folder.Put("history", "half", history.substr(0, 54));
   folder.Put("favorite", "whole",
              Text(nimbrel::EncodeFavorite({"Caf\u00E9 (winter)", "one\r\ntwo", Record(2)})));
+  folder.Put("favorite", "case", "gIven");
   folder.Put("favorite", "path", "..\\../a:b*?\x01 " + std::string(300, 'x'));
 }
 
