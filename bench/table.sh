@@ -2,7 +2,8 @@
 # table.sh: builds all benchmarks as released, runs one after the other and prints one table: figure,
 # ours, what it is held against in the same run, the ratio of the two, the highest ratio that is good
 # enough, and whether it was met. What else they say goes to build/release/bench/*.log. Fails when a
-# bound was not met. Nothing else should run meanwhile.
+# bound was not met. Nothing else should run meanwhile: what waits for the disk or for its turn on a
+# busy machine tells of its neighbours. So the table begins with the machine's load.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 . tools/packages.sh
@@ -14,6 +15,7 @@ if [[ -z ${BUILD:-} ]]; then
   cmake --build --preset release -j "$(nproc)" >&2
 fi
 
+printf 'load before: %s, of %s processors\n\n' "$(cut -d ' ' -f 1-3 /proc/loadavg)" "$(nproc)"
 status=0
 # figures NAME COMMAND...: the lines that the benchmark gives, and its name when it failed.
 figures() {
