@@ -125,6 +125,19 @@ TEST(HostPath, KnowsItsOwnChanges) {
   EXPECT_EQ(51, std::distance(fs::directory_iterator(root.path()), fs::directory_iterator()));
 }
 
+/// Only another system can have made them. No third one comes to stand beside them.
+TEST(HostPath, TakesOneOfTwoNamesThatDifferOnlyInCase) {
+  const TempFolder root;
+  WriteText(root / "SUN.bmp", "1");
+  WriteText(root / "sun.bmp", "2");
+  const std::string asked = root.string() + "\\Sun.BMP";
+  EXPECT_EQ(root.string() + "/SUN.bmp", platform::HostPath(asked));
+  EXPECT_EQ(root.string() + "/sun.bmp", platform::HostPath(root.string() + "\\sun.bmp"));
+  EXPECT_EQ(kOk, platform::DeleteFile(asked));
+  EXPECT_EQ(kOk, platform::ReplaceFile(asked, Bytes("3"), kRename));
+  EXPECT_EQ("sun.bmp ", Names(root.path()));
+}
+
 TEST(ListFiles, MatchesPatternsAsThePlatformDoes) {
   const TempFolder root;
   for (const char* name :
@@ -189,9 +202,11 @@ TEST(ReadFile, IsBoundedAndNeverWaits) {
   EXPECT_FALSE(platform::ReadFile("/proc/self/maps", 16));  // grows past what its size tells
 }
 
-TEST(Replace, KeepsTheOldNameAndPermissions) {
+TEST(Replace, KeepsTheOldNameOwnerAndPermissions) {
   const TempFolder root;
   WriteText(root / "Texture/SUN.bmp", "old");
+  const uid_t owner = geteuid() == 0 ? 1234 : geteuid();  // only root gives files away
+  ASSERT_EQ(0, chown((root / "Texture/SUN.bmp").c_str(), owner, getegid()));
   fs::permissions(root / "Texture/SUN.bmp", fs::perms(0666));
   const std::string big(3 << 20, 'n');
   WriteText(root / "set/sun.bmp", big);
@@ -203,6 +218,9 @@ TEST(Replace, KeepsTheOldNameAndPermissions) {
   EXPECT_EQ("SUN.bmp fresh.bmp ", Names(root / "Texture"));
   EXPECT_EQ(big, ReadText(root / "Texture/SUN.bmp"));
   EXPECT_EQ(fs::perms(0666), fs::status(root / "Texture/SUN.bmp").permissions());
+  struct stat facts {};
+  ASSERT_EQ(0, stat((root / "Texture/SUN.bmp").c_str(), &facts));
+  EXPECT_EQ(owner, facts.st_uid);
   EXPECT_EQ(fs::perms::owner_write,
             fs::status(root / "Texture/fresh.bmp").permissions() & fs::perms::owner_write);
 }
@@ -340,6 +358,28 @@ FileStatus ReplaceInSteps(const TempFolder& root, int step, int error) {
   const Hook hook;
   return platform::ReplaceFile(root.string() + "\\F", Bytes("new"),
                                platform::Durability::kFlushedRename);
+}
+
+/// Cut short or grown between its opening and the copy.
+TEST(Replace, TakesNoFileThatIsBeingWritten) {
+  static fs::path source;
+  static std::size_t size = 0;
+  const TempFolder root;
+  source = root / "set/a";
+  WriteText(root / "f", "old");
+  for (const std::size_t cut : {0U, 3U, 9U}) {
+    WriteText(source, "12345");
+    size = cut;
+    platform::SetFailureHook([](const char* step, const char*) {
+      if (std::string_view(step) == "write") {
+        fs::resize_file(source, size);
+      }
+      return 0;
+    });
+    EXPECT_EQ(kBusy, platform::CopyOver(source.string(), root.string() + "\\f", kRename)) << cut;
+    platform::SetFailureHook(nullptr);
+    EXPECT_EQ("old", ReadText(root / "f"));
+  }
 }
 
 TEST(Replace, AFailureAtAnyStepLeavesTheOldFileAlone) {

@@ -185,6 +185,19 @@ TEST_F(FavoritesTest, DialogSavesWhatIsTyped) {
   EXPECT_EQ("My sky", FavoritePage().lst_Favorites.List(0));
 }
 
+TEST_F(FavoritesTest, RandomizersPageSavesWhatWasDrawn) {
+  Start();
+  Press("frm_Main", "btn_Randomizer");
+  RandomizerRecord.Solid = 2;
+  PressAndThen("frm_RandomizerOverview", "btn_AddFavorite", [] {
+    const Answers answers;
+    Press("frm_AddFavorite", "btn_Continue");
+  });
+  ASSERT_EQ(0, FavoriteLastIndex);
+  EXPECT_EQ(2, FavoriteEntries[0].Settings.Solid);
+  EXPECT_EQ(0, CurrentSelection[kCloud][0]);
+}
+
 TEST_F(FavoritesTest, PastedTextIsCutToItsFieldAndKeptInTheFilesCodePage) {
   Start();
   PressAndThen("frm_Main", "btn_AddFavorite", [] {
