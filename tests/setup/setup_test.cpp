@@ -27,6 +27,10 @@ TEST_F(SetupWorld, PutsItselfInAndKeepsTheOriginals) {
   EXPECT_EQ("pack Sets/day.1/extra.bmp", ReadText(Nimbrel("Sets/day.1/extra.bmp")));
   EXPECT_EQ("program", ReadText(Nimbrel("nimbrel")));
   EXPECT_EQ(0, access(Nimbrel("nimbrel").c_str(), X_OK));
+
+  fs::remove(Nimbrel("Media/icon_Home.bmp"));
+  EXPECT_EQ(kDone, Run({"--yes", simulator}).status);
+  EXPECT_EQ("pack Media/icon_Home.bmp", ReadText(Nimbrel("Media/icon_Home.bmp")));
 }
 
 TEST_F(InstallWorld, BringsBackEveryByteAndNameAfterManyInstalls) {
@@ -51,6 +55,9 @@ TEST_F(InstallWorld, BringsBackEveryByteAndNameAfterManyInstalls) {
   EXPECT_EQ(kDone, restored.status) << restored.err;
   EXPECT_EQ(simulator_before, Simulator());
   EXPECT_TRUE(fs::exists(Nimbrel("nimbrel")));
+  fs::rename(InSimulator("TEXTURE/DAY.bmp"), InSimulator("TEXTURE/day.bmp"));  // the name alone
+  EXPECT_EQ(kDone, Run({"--yes", "--restore", simulator}).status);
+  EXPECT_EQ(simulator_before, Simulator());
 
   Install(1, true, true);
   WriteText(Nimbrel("Favorites/Mine.nbf"), "mine");
