@@ -57,9 +57,19 @@ std::vector<std::string> SetFiles(const std::string& folder, platform::FileStatu
 /// Written files by the folded name of their host path, under which two spellings are one file.
 class Collection {
  public:
+  explicit Collection(UnreadPlace& unread) : unread_(unread) {}
+
   /// Null for what no install writes.
   WrittenFile* Find(const std::string& target) {
-    return MayBeWritten(target) ? &Entry(platform::HostPath(target)) : nullptr;
+    platform::FileStatus status = platform::FileStatus::kOk;
+    std::string host = platform::HostPath(target, &status);
+    Note(target, status);
+    if (!MayBeWritten(target)) {
+      return nullptr;
+    }
+    WrittenFile* const file = &files_[platform::FoldName(host)];
+    file->target = std::move(host);
+    return file;
   }
 
   void AddCopy(const FileCopy& copy) {
@@ -69,7 +79,9 @@ class Collection {
   }
 
   void AddRoute(const CopyRoute& route) {
-    for (const FileCopy& copy : PlanCopies(route).copies) {
+    const CopyPlan plan = PlanCopies(route);
+    Note(route.source, plan.listed);
+    for (const FileCopy& copy : plan.copies) {
       AddCopy(copy);
     }
   }
@@ -83,18 +95,22 @@ class Collection {
   }
 
  private:
-  static bool MayBeWritten(const std::string& target) {
-    return !target.empty() &&
-           platform::FolderExists(target.substr(0, target.find_last_of("\\/"))) &&
-           platform::LiesWithin(target, SimulatorRoot);
+  void Note(const std::string& path, platform::FileStatus status) {
+    if (platform::IsUnread(status)) {
+      unread_ = {path, status};
+    }
   }
 
-  WrittenFile& Entry(const std::string& host) {
-    WrittenFile& file = files_[platform::FoldName(host)];
-    file.target = host;
-    return file;
+  bool MayBeWritten(const std::string& target) {
+    platform::FileStatus status = platform::FileStatus::kOk;
+    const bool may = !target.empty() &&
+                     platform::FolderExists(target.substr(0, target.find_last_of("\\/"))) &&
+                     platform::LiesWithin(target, SimulatorRoot, &status);
+    Note(target, status);
+    return may;
   }
 
+  UnreadPlace& unread_;
   std::map<std::string, WrittenFile> files_;
 };
 
@@ -160,8 +176,9 @@ CopyPlan PlanCopies(const CopyRoute& route) {
   return plan;
 }
 
-std::vector<WrittenFile> FilesThatInstallsWrite() {
-  Collection files;
+std::vector<WrittenFile> FilesThatInstallsWrite(UnreadPlace& unread) {
+  unread = {};
+  Collection files(unread);
   AddSets(files);
   for (const FixedFolder folder :
        {FixedFolder::kCld, FixedFolder::kCumulus, FixedFolder::kStratus}) {

@@ -263,17 +263,28 @@ std::optional<std::vector<std::byte>> ReadFile(std::string_view path, std::size_
   return result == FileStatus::kOk ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
-void RemoveTemporaries(std::string_view folder) {
+FileStatus RemoveTemporaries(std::string_view folder) {
   const std::string host = HostPath(folder);
   std::vector<std::string> left_over;
-  ScanFolder(host, [&](const dirent& entry) {
+  const bool scanned = ScanFolder(host, [&](const dirent& entry) {
     if (IsLeftOver(entry.d_name)) {
-      left_over.push_back(JoinPath(host, entry.d_name));
+      left_over.emplace_back(entry.d_name);
     }
   });
-  for (const std::string& path : left_over) {
-    unlink(path.c_str());
+  FileStatus status = scanned ? FileStatus::kOk : Absence(errno, 0, FileStatus::kOk);
+  for (const std::string& name : left_over) {
+    // A listing known before is carried through the deletions; without, every look until the
+    // clock's next tick would read the folder again.
+    std::string ignored;
+    FindIgnoringCase(host, name, ignored);
+    OwnFolderChange change(host);
+    if (unlink(JoinPath(host, name).c_str()) == 0 || errno == ENOENT) {
+      change.Removed(name);
+    } else {
+      status = StatusFromErrno(errno);
+    }
   }
+  return status;
 }
 
 }  // namespace platform

@@ -50,7 +50,10 @@ std::string_view Describe(FileStatus status);
 /// component that does not exist as written replaced by the one that differs only in case. A
 /// component that exists in no case is kept as written. Listings are cached per folder and checked
 /// against the folder's time stamp, so a call costs no scan while nothing changes.
-std::string HostPath(std::string_view path);
+///
+/// A folder on the way that can't be looked into may hold the path in another case: `status` tells
+/// of it when it is given, else it is kOk.
+std::string HostPath(std::string_view path, FileStatus* status = nullptr);
 
 /// Names of the entries that match `pattern`, whose last component may hold the wildcards * and ?
 /// ("*.*" matches every name, as the platform has it). Folders are never listed. Hidden files (a
@@ -91,15 +94,17 @@ FileStatus ReplaceFile(std::string_view path, std::span<const std::byte> bytes,
 FileStatus CopyOver(std::string_view source, std::string_view target, Durability durability,
                     std::string_view source_root = {}, std::string_view target_root = {});
 
-/// Whether the real path of `path` (of its folder, when it does not exist) lies in `root`.
-bool LiesWithin(std::string_view path, std::string_view root);
+/// Whether the real path of `path` (of its folder, when it does not exist) lies in `root`. False
+/// also when that can't be found out, of which `status` tells when it is given; else it is kOk.
+bool LiesWithin(std::string_view path, std::string_view root, FileStatus* status = nullptr);
 
 /// The pattern of temporary names, to be put behind a folder: ReplaceFile and CopyOver write
 /// nothing else beside their targets.
 inline constexpr std::string_view kTemporaryPattern = "~nimbrel-*.tmp";
 
-/// Deletes what a killed run left under kTemporaryPattern in `folder`.
-void RemoveTemporaries(std::string_view folder);
+/// Deletes what a killed run left under kTemporaryPattern in `folder`. kOk also when that is not
+/// there.
+FileStatus RemoveTemporaries(std::string_view folder);
 
 /// Replaceable device under ReplaceFile, CopyOver and DeleteFile, so that a test can make the n-th
 /// step fail. Each hook gives an errno value to fail with, or 0 to go on. `step` is one of "open",

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/FileStamp.h"
+#include "platform/FileSteps.h"
 #include "platform/FolderListings.h"
 #include "platform/files.h"
 
@@ -88,6 +89,7 @@ struct Root {
   std::string host;
   FileStamp stamp;
   std::string real;
+  int error = 0;  ///< errno value of the look at it
 };
 
 FileStamp FolderStamp(const std::string& host) {
@@ -99,8 +101,8 @@ Root FindRoot(std::string_view path) {
   std::string host = HostPath(path);
   const FileStamp stamp = FolderStamp(host);
   std::string real;
-  OpenReal(host, O_PATH | O_DIRECTORY, real);
-  return {std::move(host), stamp, std::move(real)};
+  const int error = OpenReal(host, O_PATH | O_DIRECTORY, real).IsOpen() ? 0 : errno;
+  return {std::move(host), stamp, std::move(real), error};
 }
 
 bool IsBelow(const std::string& real, const std::string& root) {
@@ -112,9 +114,13 @@ bool IsBelow(const std::string& real, const std::string& root) {
 
 }  // namespace
 
-std::string HostPath(std::string_view path) {
+std::string HostPath(std::string_view path, FileStatus* status) {
   int unread = 0;
-  return FindHostPath(path, unread);
+  std::string host = FindHostPath(path, unread);
+  if (status != nullptr) {
+    *status = StatusFromErrno(unread);
+  }
+  return host;
 }
 
 std::string FindHostPath(std::string_view path, int& unread) {
@@ -142,7 +148,7 @@ Descriptor OpenReal(const std::string& host, int flags, std::string& real) {
   return place;
 }
 
-bool IsInRoot(const std::string& real, std::string_view root) {
+bool IsInRoot(const std::string& real, std::string_view root, int* error) {
   constexpr std::size_t kMostRoots = 16;
   // Asked for every file of a run, and the answer hardly ever changes.
   static std::unordered_map<std::string, Root> roots;
@@ -153,6 +159,9 @@ bool IsInRoot(const std::string& real, std::string_view root) {
   }
   Root fresh = FindRoot(root);
   const bool inside = IsBelow(real, fresh.real);
+  if (error != nullptr) {
+    *error = fresh.error;
+  }
   if (roots.size() >= kMostRoots) {
     roots.clear();
   }
@@ -160,8 +169,10 @@ bool IsInRoot(const std::string& real, std::string_view root) {
   return inside;
 }
 
-bool LiesWithin(std::string_view path, std::string_view root) {
-  std::string host = HostPath(path);
+bool LiesWithin(std::string_view path, std::string_view root, FileStatus* status) {
+  FileStatus ignored = FileStatus::kOk;
+  FileStatus& told = status == nullptr ? ignored : *status;
+  std::string host = HostPath(path, &told);
   if (host.empty()) {
     return false;
   }
@@ -171,7 +182,10 @@ bool LiesWithin(std::string_view path, std::string_view root) {
     host = SplitPath(host).folder;
   }
   std::string real;
-  return OpenReal(host, O_PATH, real).IsOpen() && IsInRoot(real, root);
+  int error = OpenReal(host, O_PATH, real).IsOpen() ? 0 : errno;
+  const bool inside = error == 0 && IsInRoot(real, root, &error);
+  told = error == 0 ? told : StatusFromErrno(error);
+  return inside;
 }
 
 }  // namespace platform

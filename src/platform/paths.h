@@ -16,7 +16,7 @@ std::string FindHostPath(std::string_view path, int& unread);
 Descriptor OpenReal(const std::string& host, int flags, std::string& real);
 
 /// Whether a real path is the folder `root`, a composed path, or lies below it. False when there is
-/// no such folder.
-bool IsInRoot(const std::string& real, std::string_view root);
+/// no such folder, or it can't be looked at, of which `error` gets the errno value, else 0.
+bool IsInRoot(const std::string& real, std::string_view root, int* error = nullptr);
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -19,8 +20,9 @@ using platform::FileStatus;
 std::string ManifestFile(const Places& places) { return places.originals + "/manifest"; }
 std::string FilesFolder(const Places& places) { return places.originals + "/files"; }
 
-std::string InSimulator(const Places& places, const std::string& path) {
-  return platform::HostPath(places.simulator + "/" + path);
+std::string InSimulator(const Places& places, const std::string& path,
+                        FileStatus* status = nullptr) {
+  return platform::HostPath(places.simulator + "/" + path, status);
 }
 
 bool Exists(const std::string& host) {
@@ -30,10 +32,13 @@ bool Exists(const std::string& host) {
 
 /// Nothing of the store is an original, and a link that has come since the list was written may
 /// lead out of the simulator.
-bool MayTouch(const Places& places, const std::string& host) {
+FileStatus MayTouch(const Places& places, const std::string& host) {
   const std::string folder = fs::path(host).parent_path().string();
-  return platform::LiesWithin(folder, places.simulator) &&
-         !platform::LiesWithin(folder, places.originals);
+  FileStatus status = FileStatus::kOk;
+  const bool inside = platform::LiesWithin(folder, places.simulator, &status);
+  const bool stored = status == FileStatus::kOk && platform::FolderExists(places.originals) &&
+                      platform::LiesWithin(folder, places.originals, &status);
+  return status == FileStatus::kOk && (!inside || stored) ? FileStatus::kOutside : status;
 }
 
 /// Whether a file has the content of an original. One that can't be read has not.
@@ -48,8 +53,8 @@ bool Holds(const std::string& host, const Original& original) {
 
 /// An install writes the history before it moves any texture.
 bool InstallsMade(const Places& places) {
-  return platform::FileExists(places.program + "/Data/History.nbh") ||
-         platform::FileExists(places.program + "/TempBitmaps/cumulus01.bmp");
+  return FileIsThere(places.program + "/Data/History.nbh") ||
+         FileIsThere(places.program + "/TempBitmaps/cumulus01.bmp");
 }
 
 /// Whether an install has been at the file. Without any install it has not, also where the pack
@@ -61,15 +66,19 @@ bool MayBeInstalled(const WrittenFile& file, bool installs_made) {
   }
   return file.edited ||
          std::any_of(file.sources.begin(), file.sources.end(), [&](const std::string& source) {
-           const std::string host = platform::HostPath(source);
+           const std::string host = HostOf(source);
            return platform::FileExists(host) && SameContent(host, file.target);
          });
 }
 
 void PlanFile(const Places& places, const WrittenFile& file, bool installs_made, KeepPlan& plan) {
   std::string path = file.target.substr(places.simulator.size() + 1);
-  if (!MayTouch(places, file.target)) {
+  const FileStatus touch = MayTouch(places, file.target);
+  if (touch == FileStatus::kOutside) {
     return;
+  }
+  if (touch != FileStatus::kOk) {
+    throw SetupFailure(file.target, touch);
   }
   if (!Exists(file.target)) {
     plan.absent.push_back(std::move(path));
@@ -126,13 +135,14 @@ void Store(const Places& places, const std::string& path) {
 }
 
 FileStatus SetLetterCase(const Places& places, const std::string& path) {
-  const fs::path host = InSimulator(places, path);
+  FileStatus status = FileStatus::kOk;
+  const fs::path host = InSimulator(places, path, &status);
   const fs::path wanted = host.parent_path() / fs::path(path).filename();
   std::error_code error;
   if (host != wanted) {
     fs::rename(host, wanted, error);
   }
-  return error ? FileStatus::kOther : FileStatus::kOk;
+  return error ? FileStatus::kOther : status;
 }
 
 FileStatus BringBack(const Places& places, const std::string& path) {
@@ -147,9 +157,12 @@ FileStatus TakeAway(const Places& places, const std::string& path) {
 }
 
 void PlanOriginal(const Places& places, const Original& original, RestorePlan& plan) {
-  const std::string host = InSimulator(places, original.path);
+  FileStatus status = FileStatus::kOk;
+  const std::string host = InSimulator(places, original.path, &status);
   if (original.was == Was::kUnknown) {
     plan.unknown.push_back(original.path);
+  } else if (status != FileStatus::kOk) {
+    plan.unseen.push_back({original.path, status});
   } else if (original.was == Was::kAbsent) {
     if (Exists(host)) {
       plan.take_away.push_back(original.path);
@@ -162,6 +175,23 @@ void PlanOriginal(const Places& places, const Original& original, RestorePlan& p
     plan.bring_back.push_back(original);
   } else {
     plan.lost.push_back(original.path);
+  }
+}
+
+/// What installs that were killed left half-written beside the originals.
+void RemoveTemporariesOfInstalls(const Places& places, const Manifest& manifest,
+                                 std::vector<NotRestored>& failures) {
+  std::map<std::string, std::string> folders;  // with a file in each
+  for (const Original& original : manifest.originals) {
+    const std::string host = InSimulator(places, original.path);
+    folders.emplace(fs::path(host).parent_path().string(), host);
+  }
+  for (const auto& [folder, file] : folders) {
+    FileStatus status = MayTouch(places, file);
+    status = status == FileStatus::kOk ? platform::RemoveTemporaries(folder) : status;
+    if (status != FileStatus::kOk && status != FileStatus::kOutside) {
+      failures.push_back({folder + "/" + std::string(platform::kTemporaryPattern), status});
+    }
   }
 }
 
@@ -179,7 +209,12 @@ KeepPlan PlanKeeping(const Places& places, const Manifest& known) {
     known_names.insert(platform::FoldName(original.path));
     PlanAgain(places, original, plan);
   }
-  for (const WrittenFile& file : FilesThatInstallsWrite()) {
+  UnreadPlace unread;
+  const std::vector<WrittenFile> files = FilesThatInstallsWrite(unread);
+  if (!unread.path.empty()) {
+    throw SetupFailure(unread.path, unread.status);  // what hides there would be lost
+  }
+  for (const WrittenFile& file : files) {
     const std::string name = platform::FoldName(file.target.substr(places.simulator.size() + 1));
     if (!known_names.contains(name)) {
       PlanFile(places, file, installs_made, plan);
@@ -223,10 +258,10 @@ RestorePlan PlanRestoring(const Places& places, const Manifest& manifest) {
 
 std::vector<NotRestored> Restore(const Places& places, const Manifest& manifest,
                                  const RestorePlan& plan) {
-  std::vector<NotRestored> failures;
+  std::vector<NotRestored> failures = plan.unseen;
   const auto act = [&](const std::string& path, auto&& step) {
-    const FileStatus status =
-        MayTouch(places, InSimulator(places, path)) ? step(places, path) : FileStatus::kOutside;
+    FileStatus status = MayTouch(places, InSimulator(places, path));
+    status = status == FileStatus::kOk ? step(places, path) : status;
     if (status != FileStatus::kOk) {
       failures.push_back({path, status});
     }
@@ -240,21 +275,12 @@ std::vector<NotRestored> Restore(const Places& places, const Manifest& manifest,
   for (const std::string& path : plan.take_away) {
     act(path, TakeAway);
   }
-  std::set<std::string> folders;
-  for (const Original& original : manifest.originals) {
-    const std::string host = InSimulator(places, original.path);
-    if (MayTouch(places, host)) {
-      folders.insert(fs::path(host).parent_path().string());
-    }
-  }
-  for (const std::string& folder : folders) {
-    platform::RemoveTemporaries(folder);
-  }
+  RemoveTemporariesOfInstalls(places, manifest, failures);
   return failures;
 }
 
 std::string StoredFile(const Places& places, const std::string& path) {
-  return platform::HostPath(FilesFolder(places) + "/" + path);
+  return HostOf(FilesFolder(places) + "/" + path);
 }
 
 bool HoldsFilesWithoutManifest(const Places& places) {
@@ -265,7 +291,7 @@ bool HoldsFilesWithoutManifest(const Places& places) {
 
 void RemoveOriginals(const Places& places, bool made_modules) {
   fs::remove_all(FilesFolder(places));
-  platform::RemoveTemporaries(places.originals);
+  RemoveTemporariesIn(places.originals);
   fs::remove(ManifestFile(places));
   fs::remove(places.originals);
   if (made_modules && fs::is_empty(places.modules)) {

@@ -38,6 +38,11 @@ KeepPlan PlanKeeping(const Places& places, const Manifest& known);
 /// store by then is used by the next run.
 void Keep(const Places& places, const KeepPlan& plan, Manifest& manifest);
 
+struct NotRestored {
+  std::string path;
+  platform::FileStatus status;
+};
+
 /// What it takes to have the simulator as it was.
 struct RestorePlan {
   std::vector<Original> bring_back;    ///< differ, or are gone
@@ -45,13 +50,10 @@ struct RestorePlan {
   std::vector<std::string> take_away;  ///< were absent; paths from the simulator's root on
   std::vector<std::string> lost;       ///< differ, and the store's copy is damaged or gone
   std::vector<std::string> unknown;    ///< nobody knows what they were: left alone
+  std::vector<NotRestored> unseen;     ///< in folders that can't be looked into
 };
 RestorePlan PlanRestoring(const Places& places, const Manifest& manifest);
 
-struct NotRestored {
-  std::string path;
-  platform::FileStatus status;
-};
 /// Does what it can of it, each file whole or not at all, and says what it could not.
 std::vector<NotRestored> Restore(const Places& places, const Manifest& manifest,
                                  const RestorePlan& plan);

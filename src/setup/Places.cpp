@@ -72,9 +72,9 @@ Places FindPlaces(const std::string& folder, const SetupSources& from) {
     throw SetupFailure(places.simulator +
                        " is not the folder of Flight Simulator 2004: " + missing);
   }
-  places.modules = platform::HostPath(places.simulator + "\\Modules");
-  places.program = platform::HostPath(places.modules + "\\Nimbrel");
-  places.originals = platform::HostPath(places.modules + "\\Nimbrel Originals");
+  places.modules = HostOf(places.simulator + "\\Modules");
+  places.program = HostOf(places.modules + "\\Nimbrel");
+  places.originals = HostOf(places.modules + "\\Nimbrel Originals");
   RefuseLinks(places);
   return places;
 }
@@ -87,7 +87,7 @@ bool ProgramRuns(const Places& places) {
 }
 
 void ReadCatalogueOf(const Places& places) {
-  const bool in_place = platform::FileExists(places.PackInPlace());
+  const bool in_place = FileIsThere(places.PackInPlace());
   platform::SetApplicationFolder(in_place ? places.program : places.from.pack);
   SimulatorRoot = places.simulator + "\\";
   Catalogue = {};
@@ -118,6 +118,17 @@ bool SameContent(const std::string& a, const std::string& b) {
          fs::file_size(a) == fs::file_size(b) && BytesOf(a) == BytesOf(b);
 }
 
+std::string HostOf(const std::string& path) {
+  platform::FileStatus status = platform::FileStatus::kOk;
+  std::string host = platform::HostPath(path, &status);
+  if (status != platform::FileStatus::kOk) {
+    throw SetupFailure(path, status);
+  }
+  return host;
+}
+
+bool FileIsThere(const std::string& path) { return platform::FileExists(HostOf(path)); }
+
 void MakeFolders(const std::string& folder) {
   if (platform::CreateFolder(folder)) {
     return;
@@ -131,14 +142,21 @@ void MakeFolders(const std::string& folder) {
   }
 }
 
+void RemoveTemporariesIn(const std::string& folder) {
+  const auto status = platform::RemoveTemporaries(folder);
+  if (status != platform::FileStatus::kOk) {
+    throw SetupFailure(folder + "/" + std::string(platform::kTemporaryPattern), status);
+  }
+}
+
 void RemoveTemporariesBelow(const std::string& folder) {
   if (!platform::FolderExists(folder)) {
     return;
   }
-  platform::RemoveTemporaries(folder);
+  RemoveTemporariesIn(folder);
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
     if (entry.is_directory() && !entry.is_symlink()) {
-      platform::RemoveTemporaries(entry.path().string());
+      RemoveTemporariesIn(entry.path().string());
     }
   }
 }

@@ -54,10 +54,16 @@ std::vector<std::byte> BytesOf(const std::string& file);
 /// Whether both files are there and the same.
 bool SameContent(const std::string& a, const std::string& b);
 
+/// The host's path, and whether a file is there. Throw SetupFailure when a folder on the way can't
+/// be looked into: what is not seen is not to be taken for absent.
+std::string HostOf(const std::string& path);
+bool FileIsThere(const std::string& path);
+
 /// Makes a folder with all those above it.
 void MakeFolders(const std::string& folder);
 
-/// Removes what killed runs left half-written below a folder.
+/// Removes what killed runs left half-written in a folder, or also below it. Throws SetupFailure.
+void RemoveTemporariesIn(const std::string& folder);
 void RemoveTemporariesBelow(const std::string& folder);
 
 /// Copies a file, flushed to disk; makes the folders of the new one.

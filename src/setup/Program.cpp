@@ -64,7 +64,7 @@ std::string BackupFolder(const Places& places) { return places.program + "/Backu
 bool IsWanted(const Places& places, const PutPlan& plan, const std::string& file) {
   return (!plan.pack_in_place || IsAmong(file, kArtwork)) && !IsAmong(file, kNotOfAPack) &&
          platform::FileExists(places.from.pack + "/" + file) &&
-         !platform::FileExists(places.program + "/" + file);
+         !FileIsThere(places.program + "/" + file);
 }
 
 void PlanPack(const Places& places, PutPlan& plan) {
@@ -83,12 +83,11 @@ void PlanPack(const Places& places, PutPlan& plan) {
 /// never becomes a backup. A backup that stands there is left as it is.
 void PlanSuns(const Places& places, const std::vector<std::string>& kept, PutPlan& plan) {
   for (const char* sun : kSunFiles) {
-    const std::string path =
-        platform::HostPath(SimulatorTextures() + sun).substr(places.simulator.size() + 1);
+    const std::string path = HostOf(SimulatorTextures() + sun).substr(places.simulator.size() + 1);
     const auto original = std::find_if(kept.begin(), kept.end(), [&](const std::string& file) {
       return platform::SameName(file, path);
     });
-    if (original != kept.end() && !platform::FileExists(BackupFolder(places) + sun)) {
+    if (original != kept.end() && !FileIsThere(BackupFolder(places) + sun)) {
       plan.suns.push_back(*original);
     }
   }
@@ -117,7 +116,7 @@ bool IsOurs(const Places& places, const std::string& file) {
   const std::string twin = IsAmong(file, kBackups)
                                ? StoredFile(places, "Texture/" + here.filename().string())
                                : places.from.pack + "/" + file;
-  return SameContent(here.string(), platform::HostPath(twin));
+  return SameContent(here.string(), HostOf(twin));
 }
 
 /// The program keeps its settings in the information file. That alone makes it nobody's own: left
@@ -137,7 +136,7 @@ void SortInformation(TakePlan& plan) {
 
 PutPlan PlanPutting(const Places& places, const std::vector<std::string>& kept) {
   PutPlan plan;
-  plan.pack_in_place = platform::FileExists(places.PackInPlace());
+  plan.pack_in_place = FileIsThere(places.PackInPlace());
   plan.bytes = fs::file_size(places.from.program);
   PlanPack(places, plan);
   PlanSuns(places, kept, plan);
