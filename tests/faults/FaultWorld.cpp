@@ -70,15 +70,18 @@ std::string With(std::string text, std::string_view from, std::string_view to) {
 Tree ReadTree(const fs::path& root) {
   Tree tree;
   for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    const std::string path = entry.path().lexically_relative(root).string();
     if (entry.is_regular_file()) {
-      tree[entry.path().lexically_relative(root).string()] = ReadText(entry.path());
+      tree[path] = ReadText(entry.path());
+    } else {
+      tree[path + "/"] = "";
     }
   }
   return tree;
 }
 
 void MakeOldSimulator(const fs::path& root) {
-  // In a process of its own: this one is to fork, and has to stay without the toolkit.
+  // In a process of its own: what it leaves in memory is none of the runs'.
   const pid_t child = fork();
   if (child == 0) {
     const auto* world = new ShellWorld;  // left standing: its tree is taken over
@@ -113,4 +116,36 @@ void MakeOldSimulator(const fs::path& root) {
         program / "Favorites", program / "TEMPBITMAPS"}) {
     WriteText(folder / kLeftOver, "half");
   }
+}
+
+void MakeBareSimulator(const fs::path& root, const fs::path& from) {
+  MakeOldSimulator(root);
+  fs::create_directory(from);
+  const fs::path pack = from / "pack";
+  fs::rename(root / kProgramFolder, pack);
+  fs::remove_all(root / "Addons");
+  fs::remove_all(pack / "Media/Screen Shots");
+  WriteText(pack / "Media/icon.bmp", "an icon");
+  WriteText(from / "nimbrel", "the program");
+  fs::create_directory(root / "SCENERY");
+  for (const char* file : {"TEXTURE/NIGHT.BMP", "TEXTURE/SUN6.BMP"}) {
+    fs::remove(root / file);
+  }
+  for (const char* folder : {"TEXTURE", "WAVES", "effects"}) {
+    fs::remove(root / folder / kLeftOver);
+  }
+}
+
+void ChangeByHand(const fs::path& root) {
+  fs::rename(root / "TEXTURE/DAY.BMP", root / "TEXTURE/Day.bmp");
+  fs::rename(root / "TEXTURE/night.bmp", root / "TEXTURE/NIGHT.bmp");
+  for (const std::string folder : {"TEXTURE", "effects", "Modules/Nimbrel/Favorites",
+                                   "Modules/Nimbrel Originals/files/TEXTURE"}) {
+    WriteText(root / folder / kLeftOver, "half");
+  }
+}
+
+void AddSet(const fs::path& root) {
+  fs::remove(root / kSetUpFolder / "Media/icon.bmp");
+  WriteText(root / kSetUpFolder / "Sets/night2/other.bmp", "the user's own");
 }

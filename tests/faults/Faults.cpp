@@ -13,6 +13,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <string_view>
+#include <unordered_map>
 
 namespace {
 
@@ -44,15 +45,24 @@ std::string PathAt(int folder, const char* path) {
   return *path == '/' ? path : PathOf(folder) + '/' + path;
 }
 
-/// Pictures are only read, hundreds of times, and one that can't be is left out.
+/// Previews are only read, hundreds of times, and one that can't be is left out.
 bool IsWatched(std::string_view path) {
   return path.starts_with(g_root) && (path.size() == g_root.size() || path[g_root.size()] == '/') &&
-         path.find("/Media/") == std::string_view::npos;
+         path.find("/Screen Shots/") == std::string_view::npos;
 }
 
 [[noreturn]] void Die() {
   Kernel(SYS_kill, getpid(), SIGKILL);
   _exit(0);  // never reached
+}
+
+/// The path's number in the order in which they came up.
+long PlaceNumber(const std::string& path) {
+  static std::unordered_map<std::string, long> numbers;
+  const long number =
+      numbers.try_emplace(path, static_cast<long>(numbers.size()) + 1).first->second;
+  g_seen->calls = static_cast<long>(numbers.size());
+  return number;
 }
 
 /// What a call is to do: go on (0), fail with the errno value, or do only half of its bytes.
@@ -61,7 +71,7 @@ int Strike(faults::Call call, const char* name, const std::string& path) {
   if (g_seen == nullptr || (g_plan.calls & call) == 0 || !IsWatched(path)) {
     return 0;
   }
-  const long count = ++g_seen->calls;
+  const long count = g_plan.deed == Deed::kFailAtPlace ? PlaceNumber(path) : ++g_seen->calls;
   const bool now = count == g_plan.strike;
   if (now) {
     std::snprintf(g_seen->struck, sizeof g_seen->struck, "%s %s", name,
@@ -76,6 +86,7 @@ int Strike(faults::Call call, const char* name, const std::string& path) {
     case Deed::kKillHalfWay:
       return now ? kHalf : 0;
     case Deed::kFail:
+    case Deed::kFailAtPlace:
       return now ? g_plan.error : 0;
     default:
       if (now && g_plan.error == ENOSPC && (call & faults::kSpends) != 0) {
@@ -225,6 +236,13 @@ int fchmod(int descriptor, mode_t mode) noexcept {
   return Pass(StrikeDescriptor(faults::kMode, "fchmod", descriptor), SYS_fchmod, descriptor, mode);
 }
 
+int fchmodat(int folder, const char* path, mode_t mode, int flags) noexcept {
+  static auto* const next = Next<int(int, const char*, mode_t, int)>("fchmodat");
+  const int error = Strike(faults::kMode, "fchmodat", PathAt(folder, path));
+  errno = error > 0 ? error : errno;
+  return error > 0 ? -1 : next(folder, path, mode, flags);
+}
+
 int fchown(int descriptor, uid_t owner, gid_t group) noexcept {
   return Pass(StrikeDescriptor(faults::kMode, "fchown", descriptor), SYS_fchown, descriptor, owner,
               group);
@@ -245,6 +263,12 @@ int unlinkat(int folder, const char* path, int flags) noexcept {
 }
 
 int unlink(const char* path) noexcept { return unlinkat(AT_FDCWD, path, 0); }
+
+int remove(const char* path) noexcept {
+  struct stat facts {};
+  const bool folder = lstat(path, &facts) == 0 && S_ISDIR(facts.st_mode);
+  return unlinkat(AT_FDCWD, path, folder ? AT_REMOVEDIR : 0);
+}
 
 int mkdir(const char* path, mode_t mode) noexcept {
   return Pass(Strike(faults::kMakeFolder, "mkdir", PathAt(AT_FDCWD, path)), SYS_mkdirat, AT_FDCWD,

@@ -25,18 +25,19 @@ enum Call : unsigned {
 inline constexpr unsigned kChanges = kOpenOld - 1;
 inline constexpr unsigned kSpends = kWrite | kMoveBytes;  ///< calls that can be done by half
 
-enum class Deed { kKill, kKillHalfWay, kFail, kFailFromThere };
+/// At a place: every call on the n-th of the paths fails.
+enum class Deed { kKill, kKillHalfWay, kFail, kFailFromThere, kFailAtPlace };
 
 struct Plan {
   unsigned calls = 0;
-  long strike = 0;  ///< which of the calls, from 1; 0: only count
+  long strike = 0;  ///< which of the calls or paths, from 1; 0: only count
   Deed deed = Deed::kKill;
   int error = 0;  ///< errno of a failure. Out of space from there on, a write first does its half
 };
 
 /// In memory that the parent process shares.
 struct Seen {
-  long calls;
+  long calls;        ///< or paths
   char struck[400];  ///< the call that was struck, with its path
 };
 

@@ -3,7 +3,6 @@
 #include <sstream>
 
 #include "install/mod_Install.h"
-#include "platform/files.h"
 #include "platform/system.h"
 #include "settings/Functions_Configuration.h"
 #include "settings/Selection.h"
@@ -69,10 +68,7 @@ SetupWorld::SetupWorld() {
   WriteText(sources.program, "program");
 }
 
-SetupWorld::~SetupWorld() {
-  platform::SetFailureHook(nullptr);
-  platform::SetApplicationFolder("");
-}
+SetupWorld::~SetupWorld() { platform::SetApplicationFolder(""); }
 
 Outcome SetupWorld::Run(const std::vector<std::string>& arguments,
                         const std::string& answers) const {

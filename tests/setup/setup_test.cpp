@@ -1,13 +1,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <functional>
 
 #include "SetupWorld.h"
-#include "platform/files.h"
 #include "support/SimulatorTree.h"
 
 namespace fs = std::filesystem;
@@ -256,62 +253,6 @@ TEST_F(SetupWorld, RefusesWhileTheProgramRuns) {
   kill(child, SIGKILL);
   waitpid(child, nullptr, 0);
   EXPECT_EQ(kDone, Run({"--yes", "--remove", simulator}).status);
-}
-
-// A device that fails, or a process that ends, at the n-th look at it.
-int g_left = 0;
-int FailLater(const char*, const char*) { return --g_left == 0 ? ENOSPC : 0; }
-int EndLater(const char* step, const char*) {
-  const bool counts = std::strcmp(step, "flush") != 0 && std::strcmp(step, "write") != 0;
-  if (counts && --g_left == 0) {
-    _exit(9);
-  }
-  return 0;
-}
-
-TEST_F(SetupWorld, KilledAnywhereItCanBeRunAgain) {
-  const Tree before = TreeOf(simulator);
-  const Tree simulator_before = Simulator();
-  int points = 0;
-  bool ended = true;
-  for (int n = 1; ended; ++n) {
-    const pid_t child = fork();
-    if (child == 0) {
-      g_left = n;
-      platform::SetFailureHook(EndLater);
-      Run({"--yes", simulator});
-      _exit(0);
-    }
-    int status = 0;
-    ASSERT_EQ(child, waitpid(child, &status, 0));
-    ended = WEXITSTATUS(status) == 9;
-    points += ended ? 1 : 0;
-    ASSERT_EQ(simulator_before, Simulator()) << n;
-    ASSERT_TRUE(!fs::exists(Nimbrel("nimbrel")) || fs::exists(Originals("manifest"))) << n;
-    ASSERT_EQ(kDone, Run({"--yes", simulator}).status) << n;
-    WriteText(InSimulator("TEXTURE/DAY.bmp"), "installed");
-    ASSERT_EQ(kDone, Run({"--yes", "--remove", simulator}).status) << n;
-    ASSERT_EQ(before, TreeOf(simulator)) << n;
-  }
-  EXPECT_GT(points, 30);
-  RecordProperty("kill_points", points);
-}
-
-TEST_F(SetupWorld, FailingAnywhereItTellsAndCanBeRunAgain) {
-  const Tree before = TreeOf(simulator);
-  const Tree simulator_before = Simulator();
-  for (const int n : {1, 2, 3, 4, 37, 38, 39, 40, 41, 60, 80}) {
-    g_left = n;
-    platform::SetFailureHook(FailLater);
-    const Outcome outcome = Run({"--yes", simulator});
-    platform::SetFailureHook(nullptr);
-    EXPECT_EQ(kFailed, outcome.status) << n;
-    EXPECT_NE(std::string::npos, outcome.err.find("found no room")) << outcome.err;
-    EXPECT_EQ(simulator_before, Simulator()) << n;
-    EXPECT_EQ(kDone, Run({"--yes", simulator}).status) << n;
-    EXPECT_EQ(kDone, Run({"--yes", "--remove", simulator}).status) << n;
-    EXPECT_EQ(before, TreeOf(simulator)) << n;
-  }
 }
 
 TEST_F(InstallWorld, RestoresWhatItCanAndKeepsTheRest) {
