@@ -64,6 +64,16 @@ nimbrel::SettingsRecord Record(std::int16_t source) {
   return record;
 }
 
+/// Rows of 4 bits without padding.
+std::string FewColorsFile() {
+  return BmpFile{.width = 8,
+                 .height = 1,
+                 .bits = 4,
+                 .words = std::vector<std::uint32_t>(16, 7),
+                 .pixels = "\x12\x34\x56\x78"}
+      .Bytes();
+}
+
 void PutBitmaps(const Folder& folder, std::string_view fuzzer) {
   folder.Put(fuzzer, "24", ColorFile());
   folder.Put(fuzzer, "8", GreyFile());
@@ -74,6 +84,13 @@ void PutBitmaps(const Folder& folder, std::string_view fuzzer) {
                      .words = {0, 0xFFFFFF},
                      .pixels = std::string("\0\1\0\0", 4)}
                  .Bytes());
+  folder.Put(fuzzer, "8-too-many",
+             BmpFile{.bits = 8,
+                     .colors_used = 257,
+                     .words = std::vector<std::uint32_t>(257, 7),
+                     .pixels = std::string(4, '\0')}
+                 .Bytes());
+  folder.Put(fuzzer, "4", FewColorsFile());
   folder.Put(fuzzer, "4-topdown",
              BmpFile{.width = 5,
                      .height = -1,
@@ -151,8 +168,12 @@ int main(int argc, char** argv) {
   const std::string sheets = Part(ColorFile()) + GreyFile();
   folder.Put("texture", "dxt3", '\0' + sheets);
   folder.Put("texture", "32", '\1' + sheets);
+  const auto plain = [](int, int) { return 7U; };
+  folder.Put("texture", "unequal",
+             '\1' + Part(ColorFile()) + GreyBmp(kSide, kSide / 2, false, plain).Bytes());
   folder.Put("composer", "sheets", '\0' + sheets);
   folder.Put("composer", "swapped", '\2' + sheets);
+  folder.Put("composer", "few", '\0' + Part(FewColorsFile()) + FewColorsFile());
   folder.Put("composer", "whole", '\xF0' + sheets);
   return 0;
 }

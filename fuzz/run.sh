@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # run.sh [RUNS]: builds the fuzzers of every reader and lets each try that many inputs (2000 unless
-# told), from its seeds and from what earlier runs in build/fuzz found. An input that breaks a reader
+# told; 1000000 takes some three hours of one core), from its seeds and from what earlier runs in build/fuzz found. An input that breaks a reader
 # is kept as build/fuzz/fuzz/NAME-crash-*.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
