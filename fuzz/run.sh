@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # run.sh [RUNS]: builds the fuzzers of every reader and lets each try that many inputs (2000 unless
-# told; 1000000 takes some three hours of one core), from its seeds and from what earlier runs in build/fuzz found. An input that breaks a reader
-# is kept as build/fuzz/fuzz/NAME-crash-*.
+# told, 1000000 for a long night), from its seeds and from what earlier runs in build/fuzz found. An
+# input that breaks a reader is kept as build/fuzz/fuzz/NAME-crash-*.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 . tools/packages.sh
