@@ -229,7 +229,10 @@ int fallocate(int descriptor, int mode, off_t offset, off_t length) {
 }
 
 int fsync(int descriptor) {
-  return Pass(StrikeDescriptor(faults::kFlush, "fsync", descriptor), SYS_fsync, descriptor);
+  const int error = StrikeDescriptor(faults::kFlush, "fsync", descriptor);
+  // Whether it reaches the disk can't be seen here, and to wait for that hundreds of times costs
+  // more than all the rest.
+  return error == 0 && g_seen != nullptr ? 0 : Pass(error, SYS_fsync, descriptor);
 }
 
 int fchmod(int descriptor, mode_t mode) noexcept {
