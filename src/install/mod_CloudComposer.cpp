@@ -44,9 +44,13 @@ const CumulusSheet* FindSheet(std::int16_t size_index) {
   return size_index >= 0 && index < CumulusLayout.size() ? &CumulusLayout[index] : nullptr;
 }
 
-/// A path of the information file that climbs out of the program's folder is not followed.
+/// A path of the information file that climbs out of the program's folder is not followed. One that
+/// can't be looked at may have been an input.
 bool MayRead(std::string_view path) {
-  return platform::LiesWithin(path, platform::ApplicationFolder());
+  platform::FileStatus status = platform::FileStatus::kOk;
+  const bool inside = platform::LiesWithin(path, platform::ApplicationFolder(), &status);
+  NoteSheet(status);
+  return inside;
 }
 
 /// Copies the cells in their order. The last one decides: a failed stratus or wispy input leaves
