@@ -24,11 +24,11 @@ const platform::Form* previewed_on = nullptr;
 std::size_t previewed_group = 0;  ///< its place in kOptionGroups
 
 std::size_t GroupPlace(std::int16_t family, std::int16_t index) {
-  const auto place = std::find_if(kOptionGroups.begin(), kOptionGroups.end(),
-                                  [family, index](const OptionGroup& group) {
-                                    return group.family == family && group.index == index;
-                                  });
-  return static_cast<std::size_t>(place - kOptionGroups.begin());
+  const auto is_it = [family, index](const OptionGroup& group) {
+    return group.family == family && group.index == index;
+  };
+  return static_cast<std::size_t>(std::find_if(kOptionGroups.begin(), kOptionGroups.end(), is_it) -
+                                  kOptionGroups.begin());
 }
 
 void SetHints(const char* text) {
