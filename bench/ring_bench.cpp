@@ -116,8 +116,8 @@ bool FramesHold(nimbrel::RingPage& page, const std::vector<QImage>& pictures) {
     bare.push_back(bench::Milliseconds([&] { DrawBareFrame(surface, pictures); }));
   }
   const double frame = bench::Median(ours);
-  const bool quick = bench::Report({"a cloud ring frame", frame, kMostFrame, "allowed", 1});
-  return bench::Report({"a cloud ring frame", frame, bench::Median(bare),
+  const bool quick = bench::Report({"A cloud ring frame", frame, kMostFrame, "allowed", 1});
+  return bench::Report({"A cloud ring frame", frame, bench::Median(bare),
                         "for the same four scaled draws", kMostFrameRatio}) &&
          quick;
 }
@@ -177,13 +177,13 @@ bool RingsHold(int turns) {
   nimbrel::MainForm().form.Show();
   nimbrel::ShowPage(nimbrel::WaterPage().form);
   nimbrel::DrawWaterPage();
-  const bool water = TurnsHold("a turn of the water ring", "frm_Water", nimbrel::WaterFrontGroup);
+  const bool water = TurnsHold("A turn of the water ring", "frm_Water", nimbrel::WaterFrontGroup);
   nimbrel::RingPage& page = nimbrel::CloudPage();
   nimbrel::ShowPage(page.form);
   nimbrel::DrawCloudPage();
   const bool counts = opened_files > 0;  // else the count of turns would prove nothing
   const bool frames = FramesHold(page, pictures);
-  const bool cloud = TurnsHold("a turn of the cloud ring", "frm_3d", nimbrel::CloudFrontGroup);
+  const bool cloud = TurnsHold("A turn of the cloud ring", "frm_3d", nimbrel::CloudFrontGroup);
   return NothingStays(turns) && frames && cloud && water && counts;
 }
 
