@@ -67,14 +67,14 @@ struct WrittenFile {
   std::vector<std::string> sources;  ///< files of the program of which one is put there
   bool edited = false;               ///< changed where it stands, by every install
 };
-/// All of them, each once however many options write it, for every option, both sizes and either
-/// state of each switch. Files in a folder that the simulator lacks, or outside its root, are not
-/// among them: no install writes them. Nor may those be that hide in a folder that can't be looked
-/// into: `unread` names one, and why. It is empty when the list is whole.
 struct UnreadPlace {
   std::string path;
   platform::FileStatus status = platform::FileStatus::kOk;
 };
+/// All of them, each once however many options write it, for every option, both sizes and either
+/// state of each switch. Files in a folder that the simulator lacks, or outside its root, are not
+/// among them: no install writes them. Nor may those be that hide in a folder that can't be looked
+/// into: `unread` names one, and why. It is empty when the list is whole.
 std::vector<WrittenFile> FilesThatInstallsWrite(UnreadPlace& unread);
 
 }  // namespace nimbrel
