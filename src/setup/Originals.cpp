@@ -30,8 +30,8 @@ bool Exists(const std::string& host) {
   return fs::exists(fs::symlink_status(host, ignored));
 }
 
-/// Nothing of the store is an original, and a link that has come since the list was written may
-/// lead out of the simulator.
+/// kOutside for what lies in the store, which is no original, or out of the simulator, where a link
+/// may lead that has come since the list was written; else how the look at it went.
 FileStatus MayTouch(const Places& places, const std::string& host) {
   const std::string folder = fs::path(host).parent_path().string();
   FileStatus status = FileStatus::kOk;
