@@ -10,12 +10,12 @@
 #include <vector>
 
 #include "figures.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/Functions_Configuration.h"
 #include "settings/mod_ReadConfiguration.h"
 #include "settings/mod_WriteConfiguration.h"
+#include "toolkit/forms.h"
 
 namespace nimbrel {
 namespace {
@@ -122,7 +122,7 @@ int RunBench() {
 
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   const bench::WorkFolder folder;
   platform::SetApplicationFolder(folder.path().string());
   return nimbrel::RunBench();

@@ -15,10 +15,10 @@
 #include "history/mod_Favorites.h"
 #include "install/CopyFailures.h"
 #include "install/mod_CopyFiles.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/Functions_Configuration.h"
+#include "toolkit/forms.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
@@ -140,7 +140,7 @@ bool FavoritesHold(const fs::path& root) {
 
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   const bench::WorkFolder folder;
   platform::SetApplicationFolder((folder.path() / "Modules/Nimbrel").string());
   SimulatorRoot = platform::ApplicationFolder() + "\\..\\..\\";

@@ -20,11 +20,11 @@
 #include "figures.h"
 #include "install/CopyFailures.h"
 #include "install/mod_CopyFiles.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/Functions_Configuration.h"
 #include "shell/frm_Msg.h"
+#include "toolkit/forms.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
@@ -163,7 +163,7 @@ bool Compare(const std::string& name, bool cold) {
 
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   const bench::WorkFolder folder(argc > 1 ? argv[1] : "");
   root = folder.path();
   program = root / "Modules" / "Nimbrel";

@@ -19,7 +19,6 @@
 #include "figures.h"
 #include "history/frm_Favorite.h"
 #include "history/mod_Favorites.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "randomizer/frm_RandomizerConstraints.h"
 #include "settings/Catalogue.h"
@@ -27,6 +26,7 @@
 #include "shell/Pages.h"
 #include "shell/RefreshMainPage.h"
 #include "shell/frm_Main.h"
+#include "toolkit/forms.h"
 
 // What the shell asks of the layer above it.
 [[noreturn]] void nimbrel::ShutDownProgram() { std::_Exit(EXIT_FAILURE); }
@@ -68,10 +68,10 @@ void ReadBare(const std::vector<std::string>& files) {
 }
 
 /// The other pages stay loaded; this one alone is in the main window.
-void Show(platform::Form& form, const char* name) {
+void Show(toolkit::Form& form, const char* name) {
   ShowPage(form);
   CurrentPage = name;
-  platform::DoEvents();
+  toolkit::DoEvents();
 }
 
 bool FavoritesHold() {
@@ -83,7 +83,7 @@ bool FavoritesHold() {
     bare.push_back(bench::Milliseconds([&files] { ReadBare(files); }));
     ours.push_back(bench::Milliseconds([] {
       ListFavorites();
-      platform::DoEvents();
+      toolkit::DoEvents();
     }));
   }
   if (FavoritePage().lst_Favorites.ListCount() != kFavorites) {
@@ -117,7 +117,7 @@ void LeaveRandomizer() {
   for (const std::int16_t family : {kCloud, kSky, kWater}) {
     ReleaseRandomizerPage(family);
   }
-  platform::DoEvents();
+  toolkit::DoEvents();
 }
 
 double TimeOpening(std::int16_t options) {
@@ -125,7 +125,7 @@ double TimeOpening(std::int16_t options) {
   FillFamily(kCloud, options);
   return bench::Milliseconds([] {
     OpenRandomizerTab(RandomizerTab::kCloudsTab);
-    platform::DoEvents();
+    toolkit::DoEvents();
   });
 }
 
@@ -161,7 +161,7 @@ double TimeClick(QListWidget& list) {
   return bench::Milliseconds([&] {
     SendMouse(*list.viewport(), QEvent::MouseButtonPress, Qt::LeftButton, place);
     SendMouse(*list.viewport(), QEvent::MouseButtonRelease, Qt::NoButton, place);
-    platform::DoEvents();
+    toolkit::DoEvents();
   });
 }
 
@@ -174,7 +174,7 @@ void TimeClicks(std::int16_t options_elsewhere, std::vector<double>& times) {
     RandomizerPage(family);
   }
   OpenRandomizerTab(RandomizerTab::kCloudsTab);
-  platform::DoEvents();
+  toolkit::DoEvents();
   QListWidget& list = ListWidget("lst_Solid");
   TimeClick(list);
   for (int click = 0; click < kRounds; ++click) {
@@ -203,7 +203,7 @@ bool ClicksHold() {
 bool PagesHold() {
   RefreshMainPage();
   MainForm().form.Show();
-  platform::DoEvents();
+  toolkit::DoEvents();
   const bool favorites = FavoritesHold();
   const bool opening = OpeningHolds();
   const bool clicks = ClicksHold();
@@ -214,7 +214,7 @@ bool PagesHold() {
 
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   bool held = false;
   {
     const bench::WorkFolder folder;

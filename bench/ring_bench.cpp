@@ -21,7 +21,6 @@
 #include <vector>
 
 #include "figures.h"
-#include "platform/forms.h"
 #include "settings/Catalogue.h"
 #include "settings/Selection.h"
 #include "settings/mod_Main.h"
@@ -31,6 +30,7 @@
 #include "shell/RingPage.h"
 #include "shell/frm_Main.h"
 #include "shell/mod_GDIP_Rings.h"
+#include "toolkit/forms.h"
 
 namespace {
 
@@ -83,8 +83,8 @@ std::vector<QImage> FillCatalogue(const std::filesystem::path& folder) {
     for (int group = 0; group < groups; ++group) {
       const auto file = folder / ("picture" + std::to_string(group) + ".bmp");
       MakePicture(group).save(QString::fromStdString(file.string()));
-      platform::GdipLoadImageFromFile(file.string(),
-                                      table.Cell(static_cast<std::int16_t>(group), 0)->Preview);
+      toolkit::GdipLoadImageFromFile(file.string(),
+                                     table.Cell(static_cast<std::int16_t>(group), 0)->Preview);
       pictures.emplace_back(QString::fromStdString(file.string()));
     }
   }
@@ -191,7 +191,7 @@ bool RingsHold(int turns) {
 
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   const bool held = RingsHold(argc > 1 ? std::atoi(argv[1]) : kManyTurns);
   std::fflush(stdout);
   _exit(held ? EXIT_SUCCESS : EXIT_FAILURE);  // the windows would outlive the toolkit

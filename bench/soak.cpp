@@ -24,13 +24,13 @@
 #include <string>
 
 #include "figures.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/mod_Main.h"
 #include "shell/frm_Main.h"
 #include "shell/frm_Msg.h"
 #include "support/BmpFile.h"
+#include "toolkit/forms.h"
 
 namespace {
 
@@ -147,7 +147,7 @@ void Press(const char* form, const char* button) {
   constexpr QPoint kInside{6, 6};
   auto* const strip = Find(form, button).findChild<QWidget*>("pic_BG");
   QTest::mouseClick(strip, Qt::LeftButton, {}, kInside);
-  platform::DoEvents();
+  toolkit::DoEvents();
 }
 
 /// Presses the checkmark of every message, as soon as it stands.
@@ -220,7 +220,7 @@ struct Standing {
 
 /// What stands once all that was given back has gone back to the system too.
 Standing Measure() {
-  platform::DoEvents();
+  toolkit::DoEvents();
   malloc_trim(0);
   long pages = 0;
   long resident = 0;
@@ -259,7 +259,7 @@ long Times(int argc, char** argv, int place, long usual) {
 
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   bool flat = true;
   {
     const bench::WorkFolder folder;
@@ -267,7 +267,7 @@ int main(int argc, char** argv) {
     WriteSimulator(folder.path(), program);
     platform::SetApplicationFolder(program.string());
     nimbrel::StartProgram();
-    platform::DoEvents();
+    toolkit::DoEvents();
     flat = Soak("page changes", Times(argc, argv, 3, 10000), ChangePage) && flat;
     flat = Soak("turns", Times(argc, argv, 2, 10000), Turn) && flat;
     flat = Soak("installs", Times(argc, argv, 1, 2000), Install) && flat;

@@ -3,19 +3,19 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "platform/forms.h"
 #include "settings/mod_Main.h"
 #include "shell/MainSwitches.h"
 #include "shell/RefreshMainPage.h"
+#include "toolkit/forms.h"
 
 namespace nimbrel {
 
 MainSwitches Switches() {
-  static platform::Form form("frm_Main");
-  static platform::CheckBox sun(form, "chk_Sun");
-  static platform::CheckBox contrails(form, "chk_Contrails");
-  static platform::CheckBox dxt(form, "chk_DXT");
-  static platform::CheckBox fast(form, "chk_Fast");
+  static toolkit::Form form("frm_Main");
+  static toolkit::CheckBox sun(form, "chk_Sun");
+  static toolkit::CheckBox contrails(form, "chk_Contrails");
+  static toolkit::CheckBox dxt(form, "chk_DXT");
+  static toolkit::CheckBox fast(form, "chk_Fast");
   return {sun, contrails, dxt, fast};
 }
 

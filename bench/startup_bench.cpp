@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "figures.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/Functions_Configuration.h"
 #include "settings/mod_ReadConfiguration.h"
+#include "toolkit/forms.h"
 
 namespace fs = std::filesystem;
 
@@ -127,7 +127,7 @@ int RunBench() {
 
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   const bench::WorkFolder folder;
   platform::SetApplicationFolder(folder.path().string());
   nimbrel::MakeCatalogue(folder.path().string());

@@ -126,14 +126,14 @@ void PutStores(const Folder& folder) {
 }
 
 void PutRegions(const Folder& folder) {
-  platform::HRGN region = platform::CreateRectRgn(0, 0, 40, 30);
-  folder.Put("region", "whole", Text(platform::GetRegionData(region)));
+  toolkit::HRGN region = toolkit::CreateRectRgn(0, 0, 40, 30);
+  folder.Put("region", "whole", Text(toolkit::GetRegionData(region)));
   for (int hole = 0; hole < 3; ++hole) {
-    platform::CombineRgn(region, region,
-                         platform::CreateRectRgn(hole * 9, hole * 7, hole * 9 + 5, hole * 7 + 3),
-                         platform::RGN_DIFF);
+    toolkit::CombineRgn(region, region,
+                        toolkit::CreateRectRgn(hole * 9, hole * 7, hole * 9 + 5, hole * 7 + 3),
+                        toolkit::RGN_DIFF);
   }
-  folder.Put("region", "holes", Text(platform::GetRegionData(region)));
+  folder.Put("region", "holes", Text(toolkit::GetRegionData(region)));
 }
 
 /// A directory of two entries for one and the same picture of 2 by 2, colours above mask.

@@ -1,5 +1,5 @@
-#include "platform/gdiplus.h"
 #include "support.h"
+#include "toolkit/gdiplus.h"
 
 using fuzz::Require;
 
@@ -7,18 +7,18 @@ using fuzz::Require;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::filesystem::path file = fuzz::Program("picture.bmp");
   fuzz::Put(file, std::as_bytes(std::span(data, size)));
-  platform::GpImage image;
-  const platform::Status status = platform::GdipLoadImageFromFile(file.string(), image);
-  Require((status == platform::Status::Ok) == (image != nullptr));
+  toolkit::GpImage image;
+  const toolkit::Status status = toolkit::GdipLoadImageFromFile(file.string(), image);
+  Require((status == toolkit::Status::Ok) == (image != nullptr));
   std::uint32_t width = 0;
   std::uint32_t height = 0;
   if (image != nullptr) {
-    Require(platform::GdipGetImageWidth(image, width) == platform::Status::Ok);
-    Require(platform::GdipGetImageHeight(image, height) == platform::Status::Ok);
-    platform::ARGB color = 0;
-    Require(platform::GdipBitmapGetPixel(image, static_cast<int>(width) - 1,
-                                         static_cast<int>(height) - 1,
-                                         color) == platform::Status::Ok);
+    Require(toolkit::GdipGetImageWidth(image, width) == toolkit::Status::Ok);
+    Require(toolkit::GdipGetImageHeight(image, height) == toolkit::Status::Ok);
+    toolkit::ARGB color = 0;
+    Require(toolkit::GdipBitmapGetPixel(image, static_cast<int>(width) - 1,
+                                        static_cast<int>(height) - 1,
+                                        color) == toolkit::Status::Ok);
   }
   return 0;
 }

@@ -12,9 +12,9 @@
 #include <iterator>
 
 #include "platform/Descriptor.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Functions_Configuration.h"
+#include "toolkit/forms.h"
 
 namespace fs = std::filesystem;
 
@@ -82,7 +82,7 @@ extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
   // Never destroyed: the fuzzer ends by exit, when what the toolkit's windows stand on is gone.
-  static const auto* const application = new platform::Application(*argc, *argv);
+  static const auto* const application = new toolkit::Application(*argc, *argv);
   fuzz::Require(application != nullptr);
   TheTree();
   return 0;

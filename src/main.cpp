@@ -1,8 +1,8 @@
-#include "platform/forms.h"
 #include "settings/mod_Main.h"
+#include "toolkit/forms.h"
 
 int main(int argc, char** argv) {
-  platform::Application application(argc, argv);
+  toolkit::Application application(argc, argv);
   nimbrel::StartProgram();
   return application.Run();
 }

@@ -3,7 +3,7 @@
 
 # Building the program, and the demo's pictures.
 BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
-  libgl-dev libcanberra-dev libsquish-dev fonts-dejavu-core)
+  libgl-dev libcanberra-dev libsquish-dev libssl-dev fonts-dejavu-core)
 # A screen without a monitor, a window manager on it, hands and eyes.
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick)
 FUZZ_PACKAGES=(clang-14 libclang-rt-14-dev)

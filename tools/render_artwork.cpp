@@ -23,7 +23,7 @@
 #include <vector>
 
 #include "artwork_pictures.h"
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 #include "widgets/clsTransForm.h"
 
 namespace {
@@ -246,9 +246,9 @@ void WritePointer(const fs::path& file, QImage picture) {
 
 /// The program's own colour scan of the picture.
 void WriteRegion(const fs::path& bitmap, const fs::path& region, const Picture& picture) {
-  platform::Form form("artwork");
-  form.SetWidth(platform::Twips(picture.width));
-  form.SetHeight(platform::Twips(picture.height));
+  toolkit::Form form("artwork");
+  form.SetWidth(toolkit::Twips(picture.width));
+  form.SetHeight(toolkit::Twips(picture.height));
   if (!form.SetPicture(bitmap.string())) {
     throw std::runtime_error("cannot read " + bitmap.string());
   }
@@ -382,7 +382,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   qInstallMessageHandler(KeepWarning);
   fs::path at = "palette.txt";
   std::set<std::string> missing = Names();

@@ -33,11 +33,11 @@ std::string MediaFile(std::string_view name) {
 }
 
 /// So that the first key takes the place of what stands there.
-void SelectWhole(platform::TextBox& box) {
+void SelectWhole(toolkit::TextBox& box) {
   box.Select(0, static_cast<int>(platform::ToAnsi(platform::Trim(box.Text())).size()));
 }
 
-void SetUpText(platform::TextBox& box, int most, std::string_view text) {
+void SetUpText(toolkit::TextBox& box, int most, std::string_view text) {
   box.SetFont(kRingFont);
   box.SetMaxLength(most);
   box.SetText(text);
@@ -66,12 +66,12 @@ void Load(frm_AddFavorite& dialog) {
   FixFormForFontSize(dialog.form);
   dialog.form.SetWidth(kDialogWidth);
   dialog.form.SetHeight(kDialogHeight);
-  dialog.form.SetMouseIcon(platform::LoadCursorFile(MediaFile("HMOVE.cur")));
+  dialog.form.SetMouseIcon(toolkit::LoadCursorFile(MediaFile("HMOVE.cur")));
   ShapeFromFile(*dialog.shape, dialog.form, "\\Media\\AddRegion.dat");
   dialog.form.SetBackColor(kPlainColor);
   dialog.form.SetPicture(MediaFile("AddFavorite_BG.bmp"));
   SetFormLoaded(FormId::kAddFavorite);
-  for (platform::Label* label : {&dialog.Label1, &dialog.Label2, &dialog.Label3}) {
+  for (toolkit::Label* label : {&dialog.Label1, &dialog.Label2, &dialog.Label3}) {
     label->SetForeColor(kTextColor);
     label->SetTransparent(true);
   }
@@ -88,7 +88,7 @@ void SetPlaceholders(frm_AddFavorite& dialog) {
   dialog.txt_Description.SetText(kDescriptionText);
 }
 
-void CenterOn(const platform::Form& owner, platform::Form& form) {
+void CenterOn(const toolkit::Form& owner, toolkit::Form& form) {
   form.SetLeft(owner.Width() / 2 - form.Width() / 2 + owner.Left());
   form.SetTop(owner.Height() / 2 - form.Height() / 2 + owner.Top());
 }

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 #include "widgets/clsTransForm.h"
 
@@ -13,13 +13,13 @@ namespace nimbrel {
 struct frm_AddFavorite {
   frm_AddFavorite();
 
-  platform::Form form{"frm_AddFavorite"};
-  platform::PictureBox pic_ScreenIcon{form, "pic_ScreenIcon"};
-  platform::Label Label1{form, "Label1"};
-  platform::Label Label2{form, "Label2"};
-  platform::TextBox txt_Title{form, "txt_Title"};
-  platform::Label Label3{form, "Label3"};
-  platform::TextBox txt_Description{form, "txt_Description", platform::TextLines::kSeveral};
+  toolkit::Form form{"frm_AddFavorite"};
+  toolkit::PictureBox pic_ScreenIcon{form, "pic_ScreenIcon"};
+  toolkit::Label Label1{form, "Label1"};
+  toolkit::Label Label2{form, "Label2"};
+  toolkit::TextBox txt_Title{form, "txt_Title"};
+  toolkit::Label Label3{form, "Label3"};
+  toolkit::TextBox txt_Description{form, "txt_Description", toolkit::TextLines::kSeveral};
   StandardButton btn_Cancel{form, "btn_Cancel"};
   StandardButton btn_Continue{form, "btn_Continue"};
   std::unique_ptr<clsTransForm> shape;

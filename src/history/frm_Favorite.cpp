@@ -65,7 +65,7 @@ constexpr const char* kHelp =
 void AddCaptions(frm_Favorite& page) {
   for (const CaptionRow& row : kCaptions) {
     auto& label =
-        *page.Captions.emplace_back(std::make_unique<platform::Label>(page.form, "lbl_Caption"));
+        *page.Captions.emplace_back(std::make_unique<toolkit::Label>(page.form, "lbl_Caption"));
     PlaceLabel(label, row.place, row.text);
     if (row.heading) {
       label.SetFont(kBoldFont);
@@ -83,7 +83,7 @@ void PlaceValues(frm_Favorite& page) {
 
 /// The rebuild keeps the row that was clicked, and its place under the pointer.
 void OnRowClick() {
-  platform::ListBox& list = FavoritePage().lst_Favorites;
+  toolkit::ListBox& list = FavoritePage().lst_Favorites;
   if (FavoriteListBusy || list.ListIndex() < 0) {
     return;
   }
@@ -106,7 +106,7 @@ void ShowValues(frm_Favorite& page, const FavoriteRecord& favorite) {
   page.lbl_Description.SetCaption(platform::Trim(favorite.Description));
 }
 
-void SelectFocusedRow(platform::ListBox& list) {
+void SelectFocusedRow(toolkit::ListBox& list) {
   if (FavoriteFocusIndex == -1) {
     list.SetListIndex(0);
     return;
@@ -119,7 +119,7 @@ void SelectFocusedRow(platform::ListBox& list) {
   }
 }
 
-void FillList(platform::ListBox& list) {
+void FillList(toolkit::ListBox& list) {
   FavoriteListBusy = true;
   list.SetEnabled(true);
   list.Clear();
@@ -146,14 +146,14 @@ frm_Favorite::frm_Favorite() {
               {220, 395, "load", "btn_Open",
                "Click to set the selected Favorite collection and its settings into the Nimbrel "
                "interface."});
-  for (platform::Label* label : Values()) {
+  for (toolkit::Label* label : Values()) {
     label->SetForeColor(kValueColor);
   }
 }
 
-std::vector<platform::Label*> frm_Favorite::Values() {
-  std::vector<platform::Label*> labels{&lbl_SunContrail, &lbl_Description};
-  for (platform::Label& label : GroupValues) {
+std::vector<toolkit::Label*> frm_Favorite::Values() {
+  std::vector<toolkit::Label*> labels{&lbl_SunContrail, &lbl_Description};
+  for (toolkit::Label& label : GroupValues) {
     labels.push_back(&label);
   }
   return labels;
@@ -166,8 +166,8 @@ void ReleaseFavoritePage() {
   FavoriteFocusIndex = 0;
 }
 
-std::span<platform::Control* const> FavoriteLists() {
-  static platform::Control* list = nullptr;
+std::span<toolkit::Control* const> FavoriteLists() {
+  static toolkit::Control* list = nullptr;
   list = &FavoritePage().lst_Favorites;
   return {&list, 1};
 }
@@ -182,7 +182,7 @@ void ShowFavoriteDetails(std::int16_t index) {
   if (index >= 0 && index <= FavoriteLastIndex) {
     ShowValues(page, FavoriteEntries[static_cast<std::size_t>(index)]);
   } else {
-    for (platform::Label* label : page.Values()) {
+    for (toolkit::Label* label : page.Values()) {
       label->SetCaption({});
     }
   }
@@ -201,7 +201,7 @@ void AskToDeleteFavorite() {
 }
 
 void DeleteSelectedFavorite() {
-  const platform::ListBox& list = FavoritePage().lst_Favorites;
+  const toolkit::ListBox& list = FavoritePage().lst_Favorites;
   const platform::FileStatus status = list.ListIndex() < 0
                                           ? platform::FileStatus::kOk
                                           : DeleteFavorite(list.ItemData(list.ListIndex()));
@@ -218,7 +218,7 @@ void DeleteSelectedFavorite() {
 }
 
 void LoadSelectedFavorite() {
-  const platform::ListBox& list = FavoritePage().lst_Favorites;
+  const toolkit::ListBox& list = FavoritePage().lst_Favorites;
   if (list.ListIndex() < 0) {
     return;
   }

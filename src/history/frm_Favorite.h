@@ -6,8 +6,8 @@
 #include <span>
 #include <vector>
 
-#include "platform/forms.h"
 #include "settings/Catalogue.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
@@ -16,26 +16,26 @@ namespace nimbrel {
 struct frm_Favorite {
   frm_Favorite();
   /// All thirteen.
-  std::vector<platform::Label*> Values();
+  std::vector<toolkit::Label*> Values();
 
-  platform::Form form{"frm_Favorite"};
-  platform::Label lbl_Help{form, "lbl_Help"};
-  platform::ListBox lst_Favorites{form, "lst_Favorites"};
-  std::vector<std::unique_ptr<platform::Label>> Captions;
+  toolkit::Form form{"frm_Favorite"};
+  toolkit::Label lbl_Help{form, "lbl_Help"};
+  toolkit::ListBox lst_Favorites{form, "lst_Favorites"};
+  std::vector<std::unique_ptr<toolkit::Label>> Captions;
   /// In the order of kOptionGroups.
-  std::array<platform::Label, kOptionGroups.size()> GroupValues{{{form, "lbl_Cloud_Solid"},
-                                                                 {form, "lbl_Cloud_Stratus"},
-                                                                 {form, "lbl_Cloud_Wispy"},
-                                                                 {form, "lbl_Cloud_Cirrus"},
-                                                                 {form, "lbl_Sky_Sunrise"},
-                                                                 {form, "lbl_Sky_Day"},
-                                                                 {form, "lbl_Sky_Sunset"},
-                                                                 {form, "lbl_Sky_Night"},
-                                                                 {form, "lbl_Water_Base"},
-                                                                 {form, "lbl_Water_Environment"},
-                                                                 {form, "lbl_Water_Waves"}}};
-  platform::Label lbl_SunContrail{form, "lbl_SunContrail"};
-  platform::Label lbl_Description{form, "lbl_Description"};
+  std::array<toolkit::Label, kOptionGroups.size()> GroupValues{{{form, "lbl_Cloud_Solid"},
+                                                                {form, "lbl_Cloud_Stratus"},
+                                                                {form, "lbl_Cloud_Wispy"},
+                                                                {form, "lbl_Cloud_Cirrus"},
+                                                                {form, "lbl_Sky_Sunrise"},
+                                                                {form, "lbl_Sky_Day"},
+                                                                {form, "lbl_Sky_Sunset"},
+                                                                {form, "lbl_Sky_Night"},
+                                                                {form, "lbl_Water_Base"},
+                                                                {form, "lbl_Water_Environment"},
+                                                                {form, "lbl_Water_Waves"}}};
+  toolkit::Label lbl_SunContrail{form, "lbl_SunContrail"};
+  toolkit::Label lbl_Description{form, "lbl_Description"};
   StandardButton btn_Delete{form, "btn_Delete"};
   StandardButton btn_Load{form, "btn_Load"};
 };
@@ -48,7 +48,7 @@ frm_Favorite& FavoritePage();
 /// For shutdown.
 void ReleaseFavoritePage();
 /// The lists that page navigation switches.
-std::span<platform::Control* const> FavoriteLists();
+std::span<toolkit::Control* const> FavoriteLists();
 
 /// Reads the folder anew and shows its first favourite.
 void ListFavorites();

@@ -5,11 +5,11 @@
 
 #include "install/CopyFailures.h"
 #include "install/CopyPlan.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/Functions_Configuration.h"
 #include "shell/frm_Msg.h"
+#include "toolkit/forms.h"
 
 namespace nimbrel {
 namespace {
@@ -21,7 +21,7 @@ constexpr int kTries = 20;
 constexpr std::uint32_t kPause = 25;  // milliseconds between two tries
 
 void WaitForNextTry() {
-  platform::DoEvents();
+  toolkit::DoEvents();
   platform::Sleep(kPause);
 }
 
@@ -36,7 +36,7 @@ void CopyFiles(const CopyRoute& route, FileDone file_done) {
     if (!copy.target.empty()) {
       ReplaceSimulatorFile(copy.source, copy.target);
     }
-    platform::DoEvents();
+    toolkit::DoEvents();
     file_done(plan.found);
   }
 }

@@ -13,12 +13,12 @@
 #include "install/mod_CopyFiles.h"
 #include "install/mod_SunContrails.h"
 #include "platform/files.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Functions_Configuration.h"
 #include "settings/Selection.h"
 #include "shell/MainSwitches.h"
 #include "shell/frm_Msg.h"
+#include "toolkit/forms.h"
 
 namespace nimbrel {
 namespace {
@@ -163,18 +163,18 @@ void RemoveLeftovers() {
 class RunOnScreen {
  public:
   RunOnScreen() {
-    platform::Screen::SetMousePointer(platform::kPointerHourglass);
+    toolkit::Screen::SetMousePointer(toolkit::kPointerHourglass);
     ShowMessage("Progress", kTitle, kTitle, false, false, true);
   }
   RunOnScreen(const RunOnScreen&) = delete;
   RunOnScreen& operator=(const RunOnScreen&) = delete;
   ~RunOnScreen() {
     HideMessage();
-    platform::Screen::SetMousePointer(platform::kPointerDefault);
+    toolkit::Screen::SetMousePointer(toolkit::kPointerDefault);
   }
 
  private:
-  platform::InputGuard no_second_press_;
+  toolkit::InputGuard no_second_press_;
 };
 
 }  // namespace

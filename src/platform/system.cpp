@@ -147,18 +147,6 @@ std::string FormatMoment(double date) {
   return text.data() + HalfDayMark(parts.hour >= 12);
 }
 
-std::string GetLocaleInfoA(std::uint32_t, std::uint32_t type) {
-  return type == LOCALE_IDEFAULTANSICODEPAGE ? "1252" : "";
-}
-
-std::uint32_t GetSystemDefaultLCID() { return 0x0409; }
-
-std::uint32_t TranslateCharsetInfo(std::uint32_t code_page, std::uint32_t flags) {
-  constexpr std::uint32_t kAnsiCharset = 0;
-  constexpr std::uint32_t kDefaultCharset = 1;
-  return code_page == 1252 && flags == TCI_SRCCODEPAGE ? kAnsiCharset : kDefaultCharset;
-}
-
 void EndProcess(int code) { std::_Exit(code); }
 
 }  // namespace platform

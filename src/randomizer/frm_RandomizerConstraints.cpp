@@ -88,7 +88,7 @@ std::string ControlName(const char* front, const ConstraintListLook& look, const
   return front + std::string(look.name) + end;
 }
 
-void FillList(platform::ListBox& list, std::int16_t family, std::int16_t group) {
+void FillList(toolkit::ListBox& list, std::int16_t family, std::int16_t group) {
   list.Clear();
   const std::int16_t highest =
       Catalogue.HighestIndex[static_cast<std::size_t>(family)][static_cast<std::size_t>(group)];
@@ -103,7 +103,7 @@ void FillList(platform::ListBox& list, std::int16_t family, std::int16_t group) 
   }
 }
 
-int CountChecked(const platform::ListBox& list) {
+int CountChecked(const toolkit::ListBox& list) {
   int checked = 0;
   for (int row = 0; row < list.ListCount(); ++row) {
     checked += list.Selected(row) ? 1 : 0;
@@ -128,9 +128,9 @@ ConstraintList& ListOf(std::size_t group) {
 
 }  // namespace
 
-ConstraintList::ConstraintList(platform::Form& form, const ConstraintListLook& list_look)
+ConstraintList::ConstraintList(toolkit::Form& form, const ConstraintListLook& list_look)
     : look(list_look),
-      list(form, ControlName("lst_", look), platform::kCheckedList | platform::kSortedList),
+      list(form, ControlName("lst_", look), toolkit::kCheckedList | toolkit::kSortedList),
       heading(form, ControlName("lbl_", look)),
       check_all(form, ControlName("btn_", look, "_CheckAll")),
       percentage(form, ControlName("lbl_", look, "_pct")) {
@@ -178,7 +178,7 @@ void ConstraintPage::MakeSwitchBoxes() {
   chk_Contrails->PlacePixels(15, 416, 561, 19);
   chk_Contrails->SetCaption(
       "Check to allow the randomizer to select to use the extended contrails");
-  for (platform::CheckBox* box : {&*chk_Sun, &*chk_Contrails}) {
+  for (toolkit::CheckBox* box : {&*chk_Sun, &*chk_Contrails}) {
     box->SetTransparent(true);
   }
 }
@@ -224,7 +224,7 @@ void UpdateConstraintPage(ConstraintPage& page) {
 
 void CheckAllOptions(std::size_t group) {
   const FillMark mark;
-  platform::ListBox& list = ListOf(group).list;
+  toolkit::ListBox& list = ListOf(group).list;
   for (int row = 0; row < list.ListCount(); ++row) {
     list.SetSelected(row, true);
   }
@@ -232,7 +232,7 @@ void CheckAllOptions(std::size_t group) {
 }
 
 std::vector<ConstraintRow> ConstraintRows(std::size_t group) {
-  const platform::ListBox& list = ListOf(group).list;
+  const toolkit::ListBox& list = ListOf(group).list;
   std::vector<ConstraintRow> rows;
   rows.reserve(static_cast<std::size_t>(list.ListCount()));
   for (int row = 0; row < list.ListCount(); ++row) {

@@ -7,9 +7,9 @@
 #include <span>
 #include <vector>
 
-#include "platform/forms.h"
 #include "randomizer/frm_RandomizerTabs.h"
 #include "shell/FormLoaded.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
@@ -38,13 +38,13 @@ struct ConstraintPageLook {
 /// The check list of one group: its checked rows are the options that the randomizer may pick. Rows
 /// are sorted by title and carry the option's index in the catalogue.
 struct ConstraintList {
-  ConstraintList(platform::Form& form, const ConstraintListLook& list_look);
+  ConstraintList(toolkit::Form& form, const ConstraintListLook& list_look);
 
   const ConstraintListLook& look;
-  platform::ListBox list;
-  platform::Label heading;
+  toolkit::ListBox list;
+  toolkit::Label heading;
   StandardButton check_all;
-  platform::Label percentage;
+  toolkit::Label percentage;
 };
 
 /// frm_RandomizerCloud, frm_RandomizerSky or frm_RandomizerWater.
@@ -52,12 +52,12 @@ struct ConstraintPage {
   explicit ConstraintPage(const ConstraintPageLook& page_look);
 
   const ConstraintPageLook& look;
-  platform::Form form;
+  toolkit::Form form;
   RandomizerTabs tabs;
   std::vector<std::unique_ptr<ConstraintList>> lists;  ///< by the index of the group
-  std::vector<platform::Control*> list_controls;
-  std::optional<platform::CheckBox> chk_Sun;  ///< of the sky page alone, like the next
-  std::optional<platform::CheckBox> chk_Contrails;
+  std::vector<toolkit::Control*> list_controls;
+  std::optional<toolkit::CheckBox> chk_Sun;  ///< of the sky page alone, like the next
+  std::optional<toolkit::CheckBox> chk_Contrails;
 
  private:
   void MakeLists();

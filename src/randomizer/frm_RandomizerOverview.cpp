@@ -83,7 +83,7 @@ frm_RandomizerOverview::frm_RandomizerOverview() : tabs(form, RandomizerTab::kOv
   LoadPageForm(form, FormId::kRandomizerOverview, "SubLighter_BG.bmp");
   PlaceButtons();
   tabs.ColorTabs();
-  for (platform::Label* label : {&lbl_DateTime, &lbl_Sky_Sun, &lbl_Sky_Contrails}) {
+  for (toolkit::Label* label : {&lbl_DateTime, &lbl_Sky_Sun, &lbl_Sky_Contrails}) {
     label->SetForeColor(kValueColor);
   }
   for (const auto& title : titles) {
@@ -93,7 +93,7 @@ frm_RandomizerOverview::frm_RandomizerOverview() : tabs(form, RandomizerTab::kOv
 
 void frm_RandomizerOverview::PlaceCaptions() {
   for (const CaptionRow& row : kCaptions) {
-    captions.push_back(std::make_unique<platform::Label>(form, row.name));
+    captions.push_back(std::make_unique<toolkit::Label>(form, row.name));
     PlaceLabel(*captions.back(), row.place, row.caption);
     if (row.bold) {
       captions.back()->SetFont(kBoldFont);
@@ -106,9 +106,9 @@ void frm_RandomizerOverview::PlaceValues() {
   PlaceLabel(lbl_Sky_Sun, {466, 252, 107, 16});
   PlaceLabel(lbl_Sky_Contrails, {466, 268, 107, 16});
   PlaceLabel(lbl_PreviewText, {4, 427, 587, 16}, kPreviewClosedText);
-  lbl_PreviewText.SetAlignment(platform::kAlignCenter);
+  lbl_PreviewText.SetAlignment(toolkit::kAlignCenter);
   for (std::size_t i = 0; i < titles.size(); ++i) {
-    titles[i] = std::make_unique<platform::Label>(form, kTitleNames[i]);
+    titles[i] = std::make_unique<toolkit::Label>(form, kTitleNames[i]);
     PlaceLabel(*titles[i], {114, TitleTop(kOptionGroups[i]), 242, 16});
   }
 }
@@ -116,14 +116,14 @@ void frm_RandomizerOverview::PlaceValues() {
 void frm_RandomizerOverview::MakePreviewSpots() {
   for (std::size_t i = 0; i < preview_spots.size(); ++i) {
     const OptionGroup& group = kOptionGroups[i];
-    preview_spots[i] = std::make_unique<platform::Label>(
+    preview_spots[i] = std::make_unique<toolkit::Label>(
         form, std::string(kSpotNames[static_cast<std::size_t>(group.family)]) + "(" +
                   std::to_string(group.index) + ")");
     PlaceLabel(*preview_spots[i],
                {MiniLeft(group), FamilyTop(group.family), kMiniWidth, kMiniHeight});
     preview_spots[i]->Click = [i] { ShowOptionPreview(i); };
-    preview_spots[i]->SetMouseIcon(platform::HandCursor());
-    preview_spots[i]->SetMousePointer(platform::kPointerCustom);
+    preview_spots[i]->SetMouseIcon(toolkit::HandCursor());
+    preview_spots[i]->SetMousePointer(toolkit::kPointerCustom);
   }
 }
 

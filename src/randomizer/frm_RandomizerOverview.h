@@ -4,9 +4,9 @@
 #include <memory>
 #include <vector>
 
-#include "platform/forms.h"
 #include "randomizer/frm_RandomizerTabs.h"
 #include "settings/Catalogue.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
@@ -16,20 +16,20 @@ namespace nimbrel {
 struct frm_RandomizerOverview {
   frm_RandomizerOverview();
 
-  platform::Form form{"frm_RandomizerOverview"};
+  toolkit::Form form{"frm_RandomizerOverview"};
   RandomizerTabs tabs;
-  std::vector<std::unique_ptr<platform::Label>> captions;  ///< the labels that never change
-  platform::Label lbl_DateTime{form, "lbl_DateTime"};
+  std::vector<std::unique_ptr<toolkit::Label>> captions;  ///< the labels that never change
+  toolkit::Label lbl_DateTime{form, "lbl_DateTime"};
   /// Title of each group's option, in the order of kOptionGroups: lbl_Cloud_Solid and so on.
-  std::array<std::unique_ptr<platform::Label>, kOptionGroups.size()> titles;
-  platform::Label lbl_Sky_Sun{form, "lbl_Sky_Sun"};
-  platform::Label lbl_Sky_Contrails{form, "lbl_Sky_Contrails"};
-  platform::Label lbl_PreviewText{form, "lbl_PreviewText"};
+  std::array<std::unique_ptr<toolkit::Label>, kOptionGroups.size()> titles;
+  toolkit::Label lbl_Sky_Sun{form, "lbl_Sky_Sun"};
+  toolkit::Label lbl_Sky_Contrails{form, "lbl_Sky_Contrails"};
+  toolkit::Label lbl_PreviewText{form, "lbl_PreviewText"};
   LargeButton btn_Randomize{form, "btn_Randomize"};
   LargeButton btn_AddFavorite{form, "btn_AddFavorite"};
   /// Transparent labels over the small previews: the control arrays lbl_CloudPreview,
   /// lbl_SkyPreview and lbl_WaterPreview, in the order of kOptionGroups.
-  std::array<std::unique_ptr<platform::Label>, kOptionGroups.size()> preview_spots;
+  std::array<std::unique_ptr<toolkit::Label>, kOptionGroups.size()> preview_spots;
 
  private:
   void PlaceCaptions();

@@ -16,17 +16,17 @@ struct TabRow {
   const char* caption;
   const char* page;
   const char* title;
-  platform::Form& (*form)();
+  toolkit::Form& (*form)();
 };
 constexpr std::array<TabRow, kRandomizerTabs> kTabs{{
     {"lbl_Overview", "Overview", "frm_RandomizerOverview", "Randomizer Settings Overview",
-     []() -> platform::Form& { return RandomizerOverview().form; }},
+     []() -> toolkit::Form& { return RandomizerOverview().form; }},
     {"lbl_Cloud", "Clouds", "frm_RandomizerCloud", "Cloud Randomizer Constraints",
-     []() -> platform::Form& { return RandomizerPage(kCloud).form; }},
+     []() -> toolkit::Form& { return RandomizerPage(kCloud).form; }},
     {"lbl_Sky", "Sky", "frm_RandomizerSky", "Sky Randomizer Constraints",
-     []() -> platform::Form& { return RandomizerPage(kSky).form; }},
+     []() -> toolkit::Form& { return RandomizerPage(kSky).form; }},
     {"lbl_Water", "Water", "frm_RandomizerWater", "Water Randomizer Constraints",
-     []() -> platform::Form& { return RandomizerPage(kWater).form; }},
+     []() -> toolkit::Form& { return RandomizerPage(kWater).form; }},
 }};
 
 constexpr RandomizerTab TabAt(std::size_t place) { return static_cast<RandomizerTab>(place); }
@@ -35,7 +35,7 @@ constexpr const TabRow& RowOf(RandomizerTab tab) { return kTabs[static_cast<std:
 
 }  // namespace
 
-RandomizerTabs::RandomizerTabs(platform::Form& form, RandomizerTab own, std::string_view help)
+RandomizerTabs::RandomizerTabs(toolkit::Form& form, RandomizerTab own, std::string_view help)
     : labels{{{form, kTabs[0].label},
               {form, kTabs[1].label},
               {form, kTabs[2].label},
@@ -44,7 +44,7 @@ RandomizerTabs::RandomizerTabs(platform::Form& form, RandomizerTab own, std::str
   for (std::size_t i = 0; i < kTabs.size(); ++i) {
     const RandomizerTab tab = TabAt(i);
     PlaceLabel(labels[i], {23 + 84 * PlaceOf(tab), 11, 70, 16}, kTabs[i].caption);
-    labels[i].SetAlignment(platform::kAlignCenter);
+    labels[i].SetAlignment(toolkit::kAlignCenter);
     if (tab == own) {
       labels[i].SetFont(kBoldFont);
     } else {
@@ -56,7 +56,7 @@ RandomizerTabs::RandomizerTabs(platform::Form& form, RandomizerTab own, std::str
 }
 
 void RandomizerTabs::ColorTabs() {
-  for (platform::Label& label : labels) {
+  for (toolkit::Label& label : labels) {
     label.SetForeColor(kValueColor);
   }
 }
@@ -69,7 +69,7 @@ void OpenRandomizerTab(RandomizerTab tab) {
 
 void ShowRandomizerPage(RandomizerTab tab) {
   SetPageTitle(RowOf(tab).title, "icon_Randomizer.bmp");
-  platform::Form& form = RowOf(tab).form();
+  toolkit::Form& form = RowOf(tab).form();
   form.Cls();
   DrawTabFrame(form.hDC(), PlaceOf(tab));
   for (std::size_t i = 0; i < kTabs.size(); ++i) {

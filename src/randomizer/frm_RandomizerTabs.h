@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 namespace nimbrel {
 
@@ -13,12 +13,12 @@ inline constexpr std::size_t kRandomizerTabs = 4;
 /// What all four pages carry: the labels of the tabs and the help text.
 struct RandomizerTabs {
   /// Places everything on the page; a click on another tab's label opens that tab's page.
-  RandomizerTabs(platform::Form& form, RandomizerTab own, std::string_view help);
+  RandomizerTabs(toolkit::Form& form, RandomizerTab own, std::string_view help);
   /// Once the page is loaded, which gives every label the colour of plain text.
   void ColorTabs();
 
-  std::array<platform::Label, kRandomizerTabs> labels;
-  platform::Label Label3;
+  std::array<toolkit::Label, kRandomizerTabs> labels;
+  toolkit::Label Label3;
 };
 
 /// Puts the tab's page over the panel, paints it and makes it the CurrentPage.

@@ -6,10 +6,10 @@
 #include <limits>
 #include <span>
 
-#include "platform/gdiplus.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/Functions_Configuration.h"
+#include "toolkit/gdiplus.h"
 
 namespace nimbrel {
 namespace {
@@ -92,7 +92,7 @@ TextureOption ReadRow(const char* section, const char* prefix, std::int16_t opti
   TextureOption row;
   if (pictures == Pictures::kLoad) {
     const std::string picture = platform::ApplicationFolder() + "\\" + text("Preview") + ".bmp";
-    platform::GdipLoadImageFromFile(picture, row.Preview);  // a failure leaves it without a picture
+    toolkit::GdipLoadImageFromFile(picture, row.Preview);  // a failure leaves it without a picture
   }
   row.Textures = text("Textures");
   row.Description = text("Description");

@@ -11,8 +11,6 @@
 #include "history/frm_Favorite.h"
 #include "history/mod_History.h"
 #include "platform/files.h"
-#include "platform/forms.h"
-#include "platform/gdiplus.h"
 #include "platform/system.h"
 #include "randomizer/frm_RandomizerConstraints.h"
 #include "randomizer/frm_RandomizerOverview.h"
@@ -34,6 +32,9 @@
 #include "shell/frm_Splash.h"
 #include "shell/mod_GDIP_PagePainting.h"
 #include "shell/mod_Load_Previews.h"
+#include "toolkit/desktop.h"
+#include "toolkit/forms.h"
+#include "toolkit/gdiplus.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
@@ -43,7 +44,7 @@ std::uintptr_t graphics_token = 0;
 /// A start that broke off may hold values that were never read: nothing is written back then.
 bool start_failed = false;
 
-platform::Form& MainWindow() { return MainForm().form; }
+toolkit::Form& MainWindow() { return MainForm().form; }
 
 /// Left-overs of a run that was killed while it wrote. Those beside the history are its reader's.
 void RemoveLeftOvers() {
@@ -132,22 +133,22 @@ void DisposePreviews() {
       TextureOption* row =
           Catalogue.Tables[family].Cell(group.index, static_cast<std::int16_t>(option));
       if (row != nullptr) {
-        platform::GdipDisposeImage(row->Preview);
+        toolkit::GdipDisposeImage(row->Preview);
       }
     }
   }
 }
 
 void DisposeSkyMinis() {
-  for (platform::GpImage& image : SkyMini) {
-    platform::GdipDisposeImage(image);
+  for (toolkit::GpImage& image : SkyMini) {
+    toolkit::GdipDisposeImage(image);
   }
 }
 
 /// A form that shutdown gives back, if it was ever loaded.
 struct OwnedForm {
   FormId id;
-  platform::Form& (*form)();
+  toolkit::Form& (*form)();
   void (*release)();
   void (*release_shape)() = nullptr;  ///< of the shaped windows
 };
@@ -155,36 +156,36 @@ struct OwnedForm {
 /// In the order of their release. The splash has no buttons, so it may stand here for those too.
 constexpr std::array kOwnedForms{
     OwnedForm{FormId::kMain, MainWindow, ReleaseMainForm, [] { MainForm().shape.reset(); }},
-    OwnedForm{FormId::kMsg, []() -> platform::Form& { return MessageForm().form; },
+    OwnedForm{FormId::kMsg, []() -> toolkit::Form& { return MessageForm().form; },
               ReleaseMessageForm, [] { MessageForm().shape.reset(); }},
-    OwnedForm{FormId::kSplash, []() -> platform::Form& { return SplashForm().form; },
+    OwnedForm{FormId::kSplash, []() -> toolkit::Form& { return SplashForm().form; },
               ReleaseSplashForm, [] { SplashForm().shape.reset(); }},
-    OwnedForm{FormId::kAddFavorite, []() -> platform::Form& { return AddFavoriteForm().form; },
+    OwnedForm{FormId::kAddFavorite, []() -> toolkit::Form& { return AddFavoriteForm().form; },
               ReleaseAddFavoriteForm, [] { AddFavoriteForm().shape.reset(); }},
-    OwnedForm{FormId::kCloudPage, []() -> platform::Form& { return CloudPage().form; },
+    OwnedForm{FormId::kCloudPage, []() -> toolkit::Form& { return CloudPage().form; },
               ReleaseCloudPage},
-    OwnedForm{FormId::kSkyPage, []() -> platform::Form& { return SkyPage().form; }, ReleaseSkyPage},
-    OwnedForm{FormId::kWaterPage, []() -> platform::Form& { return WaterPage().form; },
+    OwnedForm{FormId::kSkyPage, []() -> toolkit::Form& { return SkyPage().form; }, ReleaseSkyPage},
+    OwnedForm{FormId::kWaterPage, []() -> toolkit::Form& { return WaterPage().form; },
               ReleaseWaterPage},
     OwnedForm{FormId::kRandomizerOverview,
-              []() -> platform::Form& { return RandomizerOverview().form; },
+              []() -> toolkit::Form& { return RandomizerOverview().form; },
               ReleaseRandomizerOverview},
     OwnedForm{FormId::kRandomizerCloud,
-              []() -> platform::Form& { return RandomizerPage(kCloud).form; },
+              []() -> toolkit::Form& { return RandomizerPage(kCloud).form; },
               [] { ReleaseRandomizerPage(kCloud); }},
-    OwnedForm{FormId::kRandomizerSky, []() -> platform::Form& { return RandomizerPage(kSky).form; },
+    OwnedForm{FormId::kRandomizerSky, []() -> toolkit::Form& { return RandomizerPage(kSky).form; },
               [] { ReleaseRandomizerPage(kSky); }},
     OwnedForm{FormId::kRandomizerWater,
-              []() -> platform::Form& { return RandomizerPage(kWater).form; },
+              []() -> toolkit::Form& { return RandomizerPage(kWater).form; },
               [] { ReleaseRandomizerPage(kWater); }},
-    OwnedForm{FormId::kFavorite, []() -> platform::Form& { return FavoritePage().form; },
+    OwnedForm{FormId::kFavorite, []() -> toolkit::Form& { return FavoritePage().form; },
               ReleaseFavoritePage},
-    OwnedForm{FormId::kAbout, []() -> platform::Form& { return AboutPage().form; },
+    OwnedForm{FormId::kAbout, []() -> toolkit::Form& { return AboutPage().form; },
               ReleaseAboutPage},
 };
 
-void ReleaseSkinnedButtons(platform::Form& form) {
-  for (platform::Control* control : form.Controls()) {
+void ReleaseSkinnedButtons(toolkit::Form& form) {
+  for (toolkit::Control* control : form.Controls()) {
     if (auto* button = dynamic_cast<SkinnedButton*>(control)) {
       button->end_sub_class();
     }
@@ -248,12 +249,12 @@ void ShutDownProgram() {
 }
 
 void StartGraphics() {
-  if (platform::GdiplusStartup(graphics_token, 1) != platform::Status::Ok) {
-    platform::SystemErrorBox("Error loading GDI+!", "Nimbrel");
+  if (toolkit::GdiplusStartup(graphics_token, 1) != toolkit::Status::Ok) {
+    toolkit::SystemErrorBox("Error loading GDI+!", "Nimbrel");
     ShutDownProgram();
   }
 }
 
-void StopGraphics() { platform::GdiplusShutdown(graphics_token); }
+void StopGraphics() { toolkit::GdiplusShutdown(graphics_token); }
 
 }  // namespace nimbrel

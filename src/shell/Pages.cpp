@@ -20,40 +20,38 @@ namespace nimbrel {
 namespace {
 
 template <std::int16_t kFamily>
-platform::Form& RandomizerForm() {
+toolkit::Form& RandomizerForm() {
   return RandomizerPage(kFamily).form;
 }
 template <std::int16_t kFamily>
-std::span<platform::Control* const> RandomizerLists() {
+std::span<toolkit::Control* const> RandomizerLists() {
   return RandomizerPage(kFamily).list_controls;
 }
 
 constexpr std::array kPages{
-    Page{"frm_3d", FormId::kCloudPage, []() -> platform::Form& { return CloudPage().form; }},
-    Page{"frm_sky", FormId::kSkyPage, []() -> platform::Form& { return SkyPage().form; }},
-    Page{"frm_water", FormId::kWaterPage, []() -> platform::Form& { return WaterPage().form; }},
+    Page{"frm_3d", FormId::kCloudPage, []() -> toolkit::Form& { return CloudPage().form; }},
+    Page{"frm_sky", FormId::kSkyPage, []() -> toolkit::Form& { return SkyPage().form; }},
+    Page{"frm_water", FormId::kWaterPage, []() -> toolkit::Form& { return WaterPage().form; }},
     Page{"frm_randomizeroverview", FormId::kRandomizerOverview,
-         []() -> platform::Form& { return RandomizerOverview().form; }},
+         []() -> toolkit::Form& { return RandomizerOverview().form; }},
     Page{"frm_randomizercloud", FormId::kRandomizerCloud, RandomizerForm<kCloud>,
          RandomizerLists<kCloud>},
     Page{"frm_randomizersky", FormId::kRandomizerSky, RandomizerForm<kSky>, RandomizerLists<kSky>},
     Page{"frm_randomizerwater", FormId::kRandomizerWater, RandomizerForm<kWater>,
          RandomizerLists<kWater>},
-    Page{"frm_favorite", FormId::kFavorite, []() -> platform::Form& { return FavoritePage().form; },
+    Page{"frm_favorite", FormId::kFavorite, []() -> toolkit::Form& { return FavoritePage().form; },
          FavoriteLists},
-    Page{"frm_about", FormId::kAbout, []() -> platform::Form& { return AboutPage().form; }},
+    Page{"frm_about", FormId::kAbout, []() -> toolkit::Form& { return AboutPage().form; }},
 };
 
 /// What SetParent gave back when a page was last shown.
-std::array<platform::HWND, static_cast<std::size_t>(FormId::kCount)> SavedParent{};
+std::array<toolkit::HWND, static_cast<std::size_t>(FormId::kCount)> SavedParent{};
 
-platform::HWND& ParentOf(const Page& page) {
-  return SavedParent[static_cast<std::size_t>(page.id)];
-}
+toolkit::HWND& ParentOf(const Page& page) { return SavedParent[static_cast<std::size_t>(page.id)]; }
 
 void SwitchLists(const Page& page, bool on) {
   if (page.lists != nullptr) {
-    for (platform::Control* list : page.lists()) {
+    for (toolkit::Control* list : page.lists()) {
       list->SetVisible(on);
     }
   }
@@ -67,7 +65,7 @@ void HideVisiblePage() {
   }
 }
 
-const Page* PageOf(const platform::Form& form) {
+const Page* PageOf(const toolkit::Form& form) {
   for (const Page& page : Pages) {
     if (IsFormLoaded(page.id) && &page.form() == &form) {
       return &page;
@@ -80,7 +78,7 @@ void TakeOut(std::string_view name) {
   for (const Page& page : Pages) {
     if (page.name == name && IsFormLoaded(page.id)) {
       SwitchLists(page, false);
-      platform::SetParent(page.form().hWnd(), ParentOf(page));
+      toolkit::SetParent(page.form().hWnd(), ParentOf(page));
       page.form().Hide();
     }
   }
@@ -91,14 +89,14 @@ void TakeOut(std::string_view name) {
 std::span<const Page> Pages = kPages;
 std::string CurrentPage;
 
-void ShowPage(platform::Form& form) {
+void ShowPage(toolkit::Form& form) {
   ClosePreview();
   HideVisiblePage();
-  form.SetLeft(kPanelLeft * platform::Screen::TwipsPerPixelX());
-  form.SetTop(kPanelTop * platform::Screen::TwipsPerPixelY());
+  form.SetLeft(kPanelLeft * toolkit::Screen::TwipsPerPixelX());
+  form.SetTop(kPanelTop * toolkit::Screen::TwipsPerPixelY());
   form.Show();
   form.ZOrder();
-  const platform::HWND parent = platform::SetParent(form.hWnd(), MainForm().form.hWnd());
+  const toolkit::HWND parent = toolkit::SetParent(form.hWnd(), MainForm().form.hWnd());
   if (const Page* page = PageOf(form)) {
     ParentOf(*page) = parent;
     SwitchLists(*page, true);

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/forms.h"
 #include "shell/FormLoaded.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
@@ -15,9 +15,9 @@ namespace nimbrel {
 struct Page {
   std::string_view name;  ///< its form's, in lower case
   FormId id;
-  platform::Form& (*form)();  ///< loads it
+  toolkit::Form& (*form)();  ///< loads it
   /// Its native list controls, in the order they are switched on and off. Null: it has none.
-  std::span<platform::Control* const> (*lists)() = nullptr;
+  std::span<toolkit::Control* const> (*lists)() = nullptr;
 };
 /// Every page, in the order in which ShowPage looks for the one that is up.
 extern std::span<const Page> Pages;
@@ -29,7 +29,7 @@ extern std::string CurrentPage;
 
 /// Puts a page over the panel of the main window, in place of the one that is there. Does not set
 /// CurrentPage: the caller does, afterwards.
-void ShowPage(platform::Form& form);
+void ShowPage(toolkit::Form& form);
 /// Takes a page out of the main window by its name, in any case; "frm_msg" hides the dialog.
 void HidePage(std::string_view name);
 

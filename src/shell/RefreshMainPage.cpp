@@ -45,7 +45,7 @@ std::string HistoryRow(const SettingsRecord& entry) {
                         (entry.Source == 1 ? " - Randomizer" : " - User"));
 }
 
-void FillHistory(platform::ComboBox& combo) {
+void FillHistory(toolkit::ComboBox& combo) {
   combo.SetEnabled(true);
   combo.Clear();
   for (int i = HistoryLastIndex; i >= 0; --i) {
@@ -54,7 +54,7 @@ void FillHistory(platform::ComboBox& combo) {
 }
 
 /// The row of the entry in focus, the newest when none is, and -1 when there is no such row.
-int RowToSelect(const platform::ComboBox& combo) {
+int RowToSelect(const toolkit::ComboBox& combo) {
   if (HistoryFocusIndex == -1) {
     return combo.ListCount() > 0 ? 0 : -1;
   }

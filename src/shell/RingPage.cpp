@@ -82,7 +82,7 @@ RingPage::RingPage(const RingPageLook& page_look)
     lbl_Center.emplace(form, "lbl_Center");
     PlaceLabel(*lbl_Center, {188, 78, 220, 19});
     lbl_Center->SetFont(kRingFont);
-    lbl_Center->SetAlignment(platform::kAlignCenter);
+    lbl_Center->SetAlignment(toolkit::kAlignCenter);
   }
   LoadPageForm(form, look.id, "SubRing_BG.bmp");
   lbl_Base.SetForeColor(kValueColor);

@@ -7,10 +7,10 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/forms.h"
 #include "shell/FormLoaded.h"
 #include "shell/RingPlan.h"
 #include "shell/mod_GDIP_DrawingRoutines.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
@@ -39,13 +39,13 @@ struct RingPage {
 
   const RingPageLook& look;
   std::vector<ReadyFrame> frames;  ///< by slot
-  platform::Form form;
-  platform::Label Label7;
-  platform::Label lbl_Base;
-  platform::Label lbl_Left;
-  platform::Label lbl_Right;
-  std::optional<platform::Label> lbl_Center;  ///< of the four groups' page alone
-  platform::Label lbl_Description;
+  toolkit::Form form;
+  toolkit::Label Label7;
+  toolkit::Label lbl_Base;
+  toolkit::Label lbl_Left;
+  toolkit::Label lbl_Right;
+  std::optional<toolkit::Label> lbl_Center;  ///< of the four groups' page alone
+  toolkit::Label lbl_Description;
   StandardButton btn_Clockwise;
   StandardButton btn_CounterClockwise;
   StandardButton btn_Left;

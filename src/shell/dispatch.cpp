@@ -46,26 +46,26 @@ void GoHome() {
 
 /// What a button of the navigation column opens.
 struct Opening {
-  platform::Form& (*form)();
+  toolkit::Form& (*form)();
   const char* title;
   const char* icon;
   void (*draw)();  ///< null: the page holds nothing that is painted
   const char* current_page;
 };
-constexpr Opening kClouds{[]() -> platform::Form& { return CloudPage().form; },
+constexpr Opening kClouds{[]() -> toolkit::Form& { return CloudPage().form; },
                           "Cloud Texture Options", "icon_3d.bmp", DrawCloudPage, "frm_3d"};
-constexpr Opening kSkies{[]() -> platform::Form& { return SkyPage().form; },
+constexpr Opening kSkies{[]() -> toolkit::Form& { return SkyPage().form; },
                          "Sky Backdrop Texture Options", "icon_Sky.bmp", DrawSkyPage, "frm_sky"};
-constexpr Opening kWaters{[]() -> platform::Form& { return WaterPage().form; },
+constexpr Opening kWaters{[]() -> toolkit::Form& { return WaterPage().form; },
                           "Water Texture Options", "icon_Water.bmp", DrawWaterPage, "frm_Water"};
-constexpr Opening kFavorites{[]() -> platform::Form& { return FavoritePage().form; },
+constexpr Opening kFavorites{[]() -> toolkit::Form& { return FavoritePage().form; },
                              "Favorites List", "icon_Favorites.bmp", nullptr, "frm_Favorite"};
-constexpr Opening kAboutNimbrel{[]() -> platform::Form& { return AboutPage().form; },
+constexpr Opening kAboutNimbrel{[]() -> toolkit::Form& { return AboutPage().form; },
                                 "About Nimbrel", "icon_About.bmp", nullptr, "frm_About"};
 
 template <const Opening& kOpening>
 void Open() {
-  platform::Form& form = kOpening.form();
+  toolkit::Form& form = kOpening.form();
   ShowPage(form);
   SetPageTitle(kOpening.title, kOpening.icon);
   if (kOpening.draw != nullptr) {
@@ -100,7 +100,7 @@ void Install() {
 }
 
 void LoadHistory() {
-  const platform::ComboBox& combo = MainForm().combo_History;
+  const toolkit::ComboBox& combo = MainForm().combo_History;
   if (combo.ListIndex() < 0) {
     return;
   }

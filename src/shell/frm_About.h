@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 namespace nimbrel {
 
@@ -8,10 +8,10 @@ namespace nimbrel {
 struct frm_About {
   frm_About();
 
-  platform::Form form{"frm_About"};
-  platform::Label Label12{form, "Label12"};
-  platform::Label Label11{form, "Label11"};
-  platform::Label lbl_Version{form, "lbl_Version"};
+  toolkit::Form form{"frm_About"};
+  toolkit::Label Label12{form, "Label12"};
+  toolkit::Label Label11{form, "Label11"};
+  toolkit::Label lbl_Version{form, "lbl_Version"};
 };
 
 /// The page, loaded at the first call.

@@ -21,7 +21,7 @@ constexpr int kPanelWidth = 596;
 constexpr int kPanelHeight = 450;
 
 struct LabelRow {
-  platform::Label frm_Main::*label;
+  toolkit::Label frm_Main::*label;
   int left;
   int top;
   int width;
@@ -73,8 +73,8 @@ constexpr std::array kHeadings{&frm_Main::Label19, &frm_Main::Label2, &frm_Main:
 
 /// A check box and the label beside it that toggles it.
 struct SwitchRow {
-  platform::CheckBox frm_Main::*box;
-  platform::Label frm_Main::*label;
+  toolkit::CheckBox frm_Main::*box;
+  toolkit::Label frm_Main::*label;
   int top;  ///< of the box
 };
 constexpr std::array kSwitches{
@@ -177,12 +177,12 @@ std::string MediaFile(const char* name) {
   return platform::ApplicationFolder() + "\\Media\\" + name;
 }
 
-void SetHandPointer(platform::Control& control) {
-  control.SetMouseIcon(platform::HandCursor());
-  control.SetMousePointer(platform::kPointerCustom);
+void SetHandPointer(toolkit::Control& control) {
+  control.SetMouseIcon(toolkit::HandCursor());
+  control.SetMousePointer(toolkit::kPointerCustom);
 }
 
-void Toggle(platform::CheckBox& box) { box.SetValue(IsOn(box) ? 0 : 1); }
+void Toggle(toolkit::CheckBox& box) { box.SetValue(IsOn(box) ? 0 : 1); }
 
 /// Freed by its release alone: static objects end after the toolkit does.
 frm_Main* main_form = nullptr;
@@ -219,7 +219,7 @@ void frm_Main::PlaceControls() {
     (this->*heading).SetFont({.weight = 700, .bold = true});
   }
   lbl_SelectOption.SetFont({.size = 9.75F});
-  lbl_SelectOption.SetAlignment(platform::kAlignCenter);
+  lbl_SelectOption.SetAlignment(toolkit::kAlignCenter);
   for (const SwitchRow& row : kSwitches) {
     (this->*row.box).PlacePixels(353, row.top, 14, 14);
   }
@@ -235,7 +235,7 @@ void frm_Main::MakePreviewSpots() {
     const OptionGroup& group = kOptionGroups[i];
     const std::string name = std::string(kNames[static_cast<std::size_t>(group.family)]) + "(" +
                              std::to_string(group.index) + ")";
-    preview_spots[i] = std::make_unique<platform::Label>(pic_Main, name);
+    preview_spots[i] = std::make_unique<toolkit::Label>(pic_Main, name);
     preview_spots[i]->PlacePixels(MiniLeft(group), MiniTop(group), kMiniWidth, kMiniHeight);
     preview_spots[i]->Click = [&group] { ShowMainPreview(group); };
     SetHandPointer(*preview_spots[i]);
@@ -247,7 +247,7 @@ void frm_Main::ShapeWindow() {
   form.SetCaption("Nimbrel");
   form.PlacePixels(0, 0, kWindowWidth, kWindowHeight);
   form.CenterOnScreen();
-  form.SetMouseIcon(platform::LoadCursorFile(MediaFile("HMOVE.cur")));
+  form.SetMouseIcon(toolkit::LoadCursorFile(MediaFile("HMOVE.cur")));
   ShapeFromFile(*shape, form, "\\Media\\MainRegion.dat");
   form.SetBackColor(kPlainColor);
   pic_Main.SetBackColor(kPlainColor);
@@ -258,16 +258,16 @@ void frm_Main::ShapeWindow() {
 
 /// What is inside a button is the button's own and keeps its colours.
 void frm_Main::ColourControls() {
-  for (platform::Control* control : form.Controls()) {
-    const platform::HWND parent = platform::GetParent(control->hWnd());
+  for (toolkit::Control* control : form.Controls()) {
+    const toolkit::HWND parent = toolkit::GetParent(control->hWnd());
     if (parent != form.hWnd() && parent != pic_Main.hWnd()) {
       continue;
     }
-    if (control->Kind() == platform::ControlKind::kLabel) {
-      auto& label = static_cast<platform::Label&>(*control);
+    if (control->Kind() == toolkit::ControlKind::kLabel) {
+      auto& label = static_cast<toolkit::Label&>(*control);
       label.SetForeColor(kTextColor);
       label.SetTransparent(true);
-    } else if (control->Kind() == platform::ControlKind::kCheckBox) {
+    } else if (control->Kind() == toolkit::ControlKind::kCheckBox) {
       control->SetBackColor(kPlainColor);
     }
   }
@@ -281,27 +281,27 @@ void frm_Main::PlaceButtons() {
 
 void frm_Main::WireDragging() {
   DraggedForm = &form;
-  form.MouseDown = [this](const platform::MouseEvent& event) {
-    if (event.button == platform::kLeftButton) {
-      form.SetMousePointer(platform::kPointerCustom);
+  form.MouseDown = [this](const toolkit::MouseEvent& event) {
+    if (event.button == toolkit::kLeftButton) {
+      form.SetMousePointer(toolkit::kPointerCustom);
     }
   };
-  form.MouseMove = [this](const platform::MouseEvent& event) {
-    if (event.button == platform::kLeftButton) {
+  form.MouseMove = [this](const toolkit::MouseEvent& event) {
+    if (event.button == toolkit::kLeftButton) {
       clsTransForm::DragForm(form.hWnd(), event.button);
     }
   };
-  form.MouseUp = [this](const platform::MouseEvent&) {
-    if (form.MousePointer() == platform::kPointerCustom) {
-      form.SetMousePointer(platform::kPointerDefault);
+  form.MouseUp = [this](const toolkit::MouseEvent&) {
+    if (form.MousePointer() == toolkit::kPointerCustom) {
+      form.SetMousePointer(toolkit::kPointerDefault);
     }
   };
 }
 
 void frm_Main::WireSwitches() {
   for (const SwitchRow& row : kSwitches) {
-    platform::CheckBox& box = this->*row.box;
-    platform::Label& label = this->*row.label;
+    toolkit::CheckBox& box = this->*row.box;
+    toolkit::Label& label = this->*row.label;
     label.Click = [&box] { Toggle(box); };
     label.DblClick = label.Click;
     SetHandPointer(box);

@@ -7,13 +7,14 @@
 #include "platform/text.h"
 #include "shell/FormLoaded.h"
 #include "shell/mod_GDIP_DrawingRoutines.h"
+#include "toolkit/desktop.h"
 #include "widgets/SmallFontFix.h"
 
 namespace nimbrel {
 
 std::int16_t PendingMessageAction = 0;
 std::int16_t MessageAnswer = 0;
-platform::Form& (*MessageOwner)() = nullptr;
+toolkit::Form& (*MessageOwner)() = nullptr;
 
 namespace {
 
@@ -44,7 +45,7 @@ std::string MediaFile(std::string_view name) {
   return platform::ApplicationFolder() + "\\Media\\" + std::string(name);
 }
 
-void Place(platform::Control& control, float left, float top, float width, float height) {
+void Place(toolkit::Control& control, float left, float top, float width, float height) {
   control.SetLeft(left);
   control.SetTop(top);
   control.SetWidth(width);
@@ -58,10 +59,10 @@ void LayOut(frm_Msg& dialog) {
   Place(dialog.lbl_Message, 1973, 1470, 3750, 1995);
   Place(dialog.pic_Icon, 225, 1800, 1500, 1500);
   dialog.lbl_Title.SetFont({.name = "Verdana", .size = 9.75F, .weight = 700, .bold = true});
-  dialog.lbl_Title.SetAlignment(platform::kAlignCenter);
+  dialog.lbl_Title.SetAlignment(toolkit::kAlignCenter);
 }
 
-void ColorLabel(platform::Label& label) {
+void ColorLabel(toolkit::Label& label) {
   label.SetForeColor(platform::RGB(96, 96, 96));
   label.SetTransparent(true);
 }
@@ -71,7 +72,7 @@ void Load(frm_Msg& dialog) {
   FixFormForFontSize(dialog.form);
   dialog.form.SetWidth(kDialogWidth);
   dialog.form.SetHeight(kDialogHeight);
-  dialog.form.SetMouseIcon(platform::LoadCursorFile(MediaFile("HMOVE.cur")));
+  dialog.form.SetMouseIcon(toolkit::LoadCursorFile(MediaFile("HMOVE.cur")));
   ShapeFromFile(*dialog.shape, dialog.form, "\\Media\\MsgRegion.dat");
   dialog.form.SetBackColor(platform::RGB(201, 213, 231));
   dialog.form.SetPicture(MediaFile("Msg_BG.bmp"));
@@ -97,13 +98,13 @@ void AnswerClose() {
 void PlayKind(std::string_view kind) {
   for (const KindSound& row : kSounds) {
     if (row.kind == kind) {
-      platform::PlaySoundA(row.alias, platform::SND_ALIAS | platform::SND_ASYNC);
+      toolkit::PlaySoundA(row.alias, toolkit::SND_ALIAS | toolkit::SND_ASYNC);
     }
   }
 }
 
 /// Without its icon file a message shows none: another kind's would say something false.
-void ShowIcon(platform::PictureBox& icon, std::string_view kind) {
+void ShowIcon(toolkit::PictureBox& icon, std::string_view kind) {
   icon.SetVisible(icon.SetPicture(MediaFile("icon_" + std::string(kind) + ".bmp")));
 }
 
@@ -112,12 +113,12 @@ void OfferButton(StandardButton& button, bool offered) {
   button.Setstate(offered ? "enabled" : "disabled");
 }
 
-void Center(platform::Form& form) {
+void Center(toolkit::Form& form) {
   if (MessageOwner == nullptr) {
     form.CenterOnScreen();
     return;
   }
-  const platform::Form& owner = MessageOwner();
+  const toolkit::Form& owner = MessageOwner();
   form.SetLeft(owner.Width() / 2 - form.Width() / 2 + owner.Left());
   form.SetTop(owner.Height() / 2 - form.Height() / 2 + owner.Top());
 }
@@ -189,7 +190,7 @@ void UpdateProgress(std::string_view title, std::string_view text, double percen
 }
 
 void DrawProgress(double percent) {
-  platform::Form& form = MessageForm().form;
+  toolkit::Form& form = MessageForm().form;
   form.Cls();
   DrawProgressBox(form.hDC(), percent);
   form.Refresh();
@@ -202,7 +203,7 @@ void HideMessage() {
 }
 
 void OpenHelpFile() {
-  platform::ShellExecuteA(platform::ApplicationFolder() + "\\Nimbrel Help.pdf");
+  toolkit::ShellExecuteA(platform::ApplicationFolder() + "\\Nimbrel Help.pdf");
 }
 
 }  // namespace nimbrel

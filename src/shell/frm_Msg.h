@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 #include "widgets/clsTransForm.h"
 
@@ -14,10 +14,10 @@ namespace nimbrel {
 /// actions do; in progress mode it stays open beside a running install, without buttons.
 struct frm_Msg {
   frm_Msg();
-  platform::Form form;
-  platform::Label lbl_Title;
-  platform::Label lbl_Message;
-  platform::PictureBox pic_Icon;
+  toolkit::Form form;
+  toolkit::Label lbl_Title;
+  toolkit::Label lbl_Message;
+  toolkit::PictureBox pic_Icon;
   StandardButton btn_Cancel;
   StandardButton btn_OK;
   std::unique_ptr<clsTransForm> shape;
@@ -36,7 +36,7 @@ extern std::int16_t MessageAnswer;
 
 /// The window that the dialog centres on. Set once by the shell; loads that window when needed.
 /// Null (a test): the screen.
-extern platform::Form& (*MessageOwner)();
+extern toolkit::Form& (*MessageOwner)();
 
 /// Kinds: "Information", "Exclamation", "Error", "Question", "Progress". Without `progress` it
 /// returns when the dialog has been hidden, with it at once.

@@ -18,9 +18,9 @@ constexpr int kWidth = 272;
 constexpr int kHeight = 210;
 
 /// The window it was a child of before it went onto a page.
-platform::HWND PreviewParent = nullptr;
+toolkit::HWND PreviewParent = nullptr;
 
-const platform::Form* previewed_on = nullptr;
+const toolkit::Form* previewed_on = nullptr;
 std::size_t previewed_group = 0;  ///< its place in kOptionGroups
 
 std::size_t GroupPlace(std::int16_t family, std::int16_t index) {
@@ -46,8 +46,8 @@ frm_Preview::frm_Preview() {
   form.SetCaption("Preview Screen Shot");
   form.SetBackColor(kPlainColor);
   form.SetPicture(platform::ApplicationFolder() + "\\Media\\Preview_BG.bmp");
-  form.SetMouseIcon(platform::HandCursor());
-  form.SetMousePointer(platform::kPointerCustom);
+  form.SetMouseIcon(toolkit::HandCursor());
+  form.SetMousePointer(toolkit::kPointerCustom);
   form.Click = ClosePreview;
   SetFormLoaded(FormId::kPreview);
 }
@@ -58,15 +58,15 @@ frm_Preview& PreviewForm() {
   return *preview;
 }
 
-void OpenPreview(std::int16_t family, std::int16_t group, std::int16_t option, platform::Form& page,
+void OpenPreview(std::int16_t family, std::int16_t group, std::int16_t option, toolkit::Form& page,
                  int left, int top) {
-  platform::Form& form = PreviewForm().form;
+  toolkit::Form& form = PreviewForm().form;
   if (!form.Visible()) {
-    form.SetLeft(static_cast<float>(left) * platform::Screen::TwipsPerPixelX());
-    form.SetTop(static_cast<float>(top) * platform::Screen::TwipsPerPixelY());
+    form.SetLeft(static_cast<float>(left) * toolkit::Screen::TwipsPerPixelX());
+    form.SetTop(static_cast<float>(top) * toolkit::Screen::TwipsPerPixelY());
     form.Show();
     form.ZOrder();
-    PreviewParent = platform::SetParent(form.hWnd(), page.hWnd());
+    PreviewParent = toolkit::SetParent(form.hWnd(), page.hWnd());
   }
   previewed_on = &page;
   previewed_group = GroupPlace(family, group);
@@ -83,7 +83,7 @@ void ClosePreview() {
   }
 }
 
-std::optional<std::size_t> PreviewedGroup(const platform::Form& page) {
+std::optional<std::size_t> PreviewedGroup(const toolkit::Form& page) {
   return PreviewIsOpen() && previewed_on == &page ? std::optional(previewed_group) : std::nullopt;
 }
 
@@ -91,7 +91,7 @@ bool PreviewIsOpen() { return IsFormLoaded(FormId::kPreview) && PreviewForm().fo
 
 void ReleasePreview() {
   if (PreviewIsOpen()) {
-    platform::SetParent(PreviewForm().form.hWnd(), PreviewParent);
+    toolkit::SetParent(PreviewForm().form.hWnd(), PreviewParent);
     PreviewForm().form.Hide();
   }
 }

@@ -40,7 +40,7 @@ frm_Sky::frm_Sky()
   LoadPageForm(form, FormId::kSkyPage, "Sub_BG.bmp");
   lbl_Setting.SetForeColor(kValueColor);
   lbl_Description.SetForeColor(kValueColor);
-  for (platform::Label& title : lbl_Title) {
+  for (toolkit::Label& title : lbl_Title) {
     title.SetForeColor(kValueColor);
   }
   SetUpButton(btn_Clockwise, form,

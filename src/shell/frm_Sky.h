@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
@@ -11,14 +11,14 @@ namespace nimbrel {
 struct frm_Sky {
   frm_Sky();
 
-  platform::Form form;
-  platform::Label Label7;
-  platform::Label lbl_Setting;
-  platform::Label Label2;
-  std::array<platform::Label, 4> GroupLabels;  ///< Label3 to Label6
-  std::array<platform::Label, 4> lbl_Title;
-  platform::Label Label1;
-  platform::Label lbl_Description;
+  toolkit::Form form;
+  toolkit::Label Label7;
+  toolkit::Label lbl_Setting;
+  toolkit::Label Label2;
+  std::array<toolkit::Label, 4> GroupLabels;  ///< Label3 to Label6
+  std::array<toolkit::Label, 4> lbl_Title;
+  toolkit::Label Label1;
+  toolkit::Label lbl_Description;
   StandardButton btn_Clockwise;
   StandardButton btn_CounterClockwise;
   StandardButton btn_Left;

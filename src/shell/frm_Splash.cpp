@@ -25,7 +25,7 @@ frm_Splash::frm_Splash() : shape(std::make_unique<clsTransForm>()) {
   form.SetWidth(kWidth);
   form.SetHeight(kHeight);
   form.CenterOnScreen();
-  form.SetMouseIcon(platform::LoadCursorFile(media + "HMOVE.cur"));
+  form.SetMouseIcon(toolkit::LoadCursorFile(media + "HMOVE.cur"));
   ShapeFromFile(*shape, form, "\\Media\\MsgRegion.dat");
   form.SetBackColor(kPlainColor);
   form.SetPicture(media + "Splash_BG.bmp");

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 #include "widgets/clsTransForm.h"
 
 namespace nimbrel {
@@ -11,7 +11,7 @@ namespace nimbrel {
 struct frm_Splash {
   frm_Splash();
   std::unique_ptr<clsTransForm> shape;
-  platform::Form form{"frm_Splash"};
+  toolkit::Form form{"frm_Splash"};
 };
 /// The form, loaded at the first call.
 frm_Splash& SplashForm();

@@ -8,6 +8,7 @@
 namespace nimbrel {
 
 using namespace platform;
+using namespace toolkit;
 
 namespace {
 

@@ -13,21 +13,21 @@
 namespace nimbrel {
 namespace {
 
-platform::RectF Place(int left, int top, int width, int height) {
+toolkit::RectF Place(int left, int top, int width, int height) {
   return {static_cast<float>(left), static_cast<float>(top), static_cast<float>(width),
           static_cast<float>(height)};
 }
 
-void DrawSmallPreview(const platform::Container& surface, const platform::RectF& place,
-                      const platform::GpImage& image) {
+void DrawSmallPreview(const toolkit::Container& surface, const toolkit::RectF& place,
+                      const toolkit::GpImage& image) {
   DrawFramedPicture(surface.hDC(), place, kSummaryFrame, image);
 }
 
-void DrawHead(platform::Form& form, platform::PictureBox& icon, const platform::RectF& place,
+void DrawHead(toolkit::Form& form, toolkit::PictureBox& icon, const toolkit::RectF& place,
               std::string_view title, std::string_view icon_file) {
   form.Cls();
-  DrawPageText(form.hDC(), place, title, "Verdana", 22.0F, platform::FontStyleRegular,
-               platform::StringAlignmentNear, platform::StringAlignmentCenter, kTitleColor, true);
+  DrawPageText(form.hDC(), place, title, "Verdana", 22.0F, toolkit::FontStyleRegular,
+               toolkit::StringAlignmentNear, toolkit::StringAlignmentCenter, kTitleColor, true);
   // Without its file there is no icon: that of the page before would name the wrong page.
   icon.SetVisible(
       icon.SetPicture(platform::ApplicationFolder() + "\\Media\\" + std::string(icon_file)));

@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/gdiplus.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "settings/Catalogue.h"
@@ -12,12 +11,13 @@
 #include "shell/frm_Sky.h"
 #include "shell/mod_GDIP_DrawingRoutines.h"
 #include "shell/mod_Load_Previews.h"
+#include "toolkit/gdiplus.h"
 
 namespace nimbrel {
 namespace {
 
 constexpr std::uint32_t kFrameMilliseconds = 25;
-constexpr platform::ARGB kCentreUnderlay = 0xFF000000;
+constexpr toolkit::ARGB kCentreUnderlay = 0xFF000000;
 constexpr float kMiniDiameter = 31;
 constexpr float kCentreDiameter = 200;
 
@@ -49,42 +49,42 @@ void SetRingLabels(RingPage& page, const RingPictures& pictures) {
   page.lbl_Left.SetCaption(text(look.other_prefix, pictures.size() - 1));
 }
 
-void DrawCircle(const platform::HDC& hdc, const platform::RectF& box, float width) {
-  platform::GpGraphics graphics;
-  platform::GpPen pen;
-  platform::GdipCreateFromHDC(hdc, graphics);
-  platform::GdipSetSmoothingMode(graphics, platform::SmoothingModeAntiAlias);
-  platform::GdipCreatePen1(kBorderColor, width, platform::UnitPixel, pen);
-  platform::GdipDrawArc(graphics, pen, box.x, box.y, box.width, box.height, 0, 360);
+void DrawCircle(const platform::HDC& hdc, const toolkit::RectF& box, float width) {
+  toolkit::GpGraphics graphics;
+  toolkit::GpPen pen;
+  toolkit::GdipCreateFromHDC(hdc, graphics);
+  toolkit::GdipSetSmoothingMode(graphics, toolkit::SmoothingModeAntiAlias);
+  toolkit::GdipCreatePen1(kBorderColor, width, toolkit::UnitPixel, pen);
+  toolkit::GdipDrawArc(graphics, pen, box.x, box.y, box.width, box.height, 0, 360);
 }
 
 /// The picture of the sky group in the middle, clipped to its circle.
 void DrawSkyCentre(const platform::HDC& hdc, const RingPicture& picture) {
-  const platform::RectF box = PlaceOf(SkyOrbit[kRimSlots]);
-  platform::GpGraphics graphics;
-  platform::GpPath path;
-  platform::GpRegion region;
-  platform::GpPen pen;
-  platform::GdipCreateFromHDC(hdc, graphics);
-  platform::GdipCreatePath(platform::FillModeAlternate, path);
-  platform::GdipAddPathEllipse(path, box.x, box.y, box.width, box.height);
-  platform::GdipCreateRegionPath(path, region);
-  platform::GdipSetClipRegion(graphics, region, platform::CombineModeIntersect);
-  platform::GdipCreatePen1(kCentreUnderlay, 1, platform::UnitPixel, pen);
-  platform::GdipDrawPath(graphics, pen, path);
-  platform::GdipDrawImageRect(graphics, Catalogue.At(kSky, picture.group, picture.option).Preview,
-                              box.x, box.y, box.width, box.height);
+  const toolkit::RectF box = PlaceOf(SkyOrbit[kRimSlots]);
+  toolkit::GpGraphics graphics;
+  toolkit::GpPath path;
+  toolkit::GpRegion region;
+  toolkit::GpPen pen;
+  toolkit::GdipCreateFromHDC(hdc, graphics);
+  toolkit::GdipCreatePath(toolkit::FillModeAlternate, path);
+  toolkit::GdipAddPathEllipse(path, box.x, box.y, box.width, box.height);
+  toolkit::GdipCreateRegionPath(path, region);
+  toolkit::GdipSetClipRegion(graphics, region, toolkit::CombineModeIntersect);
+  toolkit::GdipCreatePen1(kCentreUnderlay, 1, toolkit::UnitPixel, pen);
+  toolkit::GdipDrawPath(graphics, pen, path);
+  toolkit::GdipDrawImageRect(graphics, Catalogue.At(kSky, picture.group, picture.option).Preview,
+                             box.x, box.y, box.width, box.height);
   DrawSkyCentreRim(hdc, SkyOrbit[kRimSlots].left, SkyOrbit[kRimSlots].top);
 }
 
 /// The fourteen small pictures round it, picture `start` at the top.
 void DrawSkyRim(const platform::HDC& hdc, std::size_t start) {
-  platform::GpGraphics graphics;
-  platform::GdipCreateFromHDC(hdc, graphics);
+  toolkit::GpGraphics graphics;
+  toolkit::GdipCreateFromHDC(hdc, graphics);
   for (std::size_t slot = 0; slot < kRimSlots; ++slot) {
-    const platform::RectF box = PlaceOf(SkyOrbit[slot]);
-    platform::GdipDrawImageRect(graphics, SkyMini[(start + slot) % kRimSlots], box.x, box.y,
-                                box.width, box.height);
+    const toolkit::RectF box = PlaceOf(SkyOrbit[slot]);
+    toolkit::GdipDrawImageRect(graphics, SkyMini[(start + slot) % kRimSlots], box.x, box.y,
+                               box.width, box.height);
     DrawSkyMiniRim(hdc, SkyOrbit[slot].left, SkyOrbit[slot].top);
   }
 }
@@ -104,7 +104,7 @@ void SetSkyLabels(const RingPicture& picture) {
 
 }  // namespace
 
-platform::RectF PlaceOf(const OrbitSlot& slot) {
+toolkit::RectF PlaceOf(const OrbitSlot& slot) {
   return {static_cast<float>(slot.left), static_cast<float>(slot.top),
           static_cast<float>(slot.width), static_cast<float>(slot.height)};
 }
@@ -145,7 +145,7 @@ void RotateRing(RingPage& page, TurnDirection direction, const RingPictures& pic
 }
 
 void DrawSkyRing(std::int16_t group, std::int16_t option) {
-  platform::Form& form = SkyPage().form;
+  toolkit::Form& form = SkyPage().form;
   form.Cls();
   DrawSkyCentre(form.hDC(), {group, option});
   DrawSkyRim(form.hDC(), static_cast<std::size_t>(kRimStart[static_cast<std::size_t>(group)]));
@@ -159,7 +159,7 @@ void RotateSkyRing(TurnDirection direction, std::int16_t target, std::int16_t cu
   const auto from = static_cast<std::size_t>(current);
   const int last = up ? kCounterLastStep[from] : kClockLastStep[from];
   auto start = static_cast<std::size_t>(kRimStart[from]);
-  platform::Form& form = SkyPage().form;
+  toolkit::Form& form = SkyPage().form;
   form.Cls();
   for (int step = 0; step <= last; ++step) {
     DrawSkyCentre(form.hDC(), {target, option});

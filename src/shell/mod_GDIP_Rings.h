@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/gdiplus.h"
 #include "shell/RingPage.h"
 #include "shell/RingPlan.h"
+#include "toolkit/gdiplus.h"
 
 namespace nimbrel {
 
@@ -14,7 +14,7 @@ namespace nimbrel {
 /// reaches the screen whole, by Refresh.
 
 /// A slot's place on its page.
-platform::RectF PlaceOf(const OrbitSlot& slot);
+toolkit::RectF PlaceOf(const OrbitSlot& slot);
 
 /// A group and its selected option.
 struct RingPicture {

@@ -8,6 +8,7 @@
 namespace nimbrel {
 
 using namespace platform;
+using namespace toolkit;
 
 std::array<GpImage, 14> SkyMini;
 

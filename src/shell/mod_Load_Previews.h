@@ -2,17 +2,17 @@
 
 #include <array>
 
-#include "platform/gdiplus.h"
+#include "toolkit/gdiplus.h"
 
 namespace nimbrel {
 
 /// The small sky pictures from dawn to night. Written by LoadSkyMinis; disposed of at shutdown.
-extern std::array<platform::GpImage, 14> SkyMini;
+extern std::array<toolkit::GpImage, 14> SkyMini;
 
 /// Loads them and makes their white transparent. A missing picture is passed over.
 void LoadSkyMinis();
 
 /// Opaque pure white as transparent white, any other colour with the given alpha.
-platform::ARGB KeyWhitePixel(platform::ARGB color, unsigned char alpha);
+toolkit::ARGB KeyWhitePixel(toolkit::ARGB color, unsigned char alpha);
 
 }  // namespace nimbrel

@@ -3,13 +3,13 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/gdiplus.h"
 #include "platform/system.h"
 #include "platform/text.h"
+#include "toolkit/gdiplus.h"
 
 namespace nimbrel {
 
-using platform::Twips;
+using toolkit::Twips;
 
 ButtonDispatch DispatchClick = nullptr;
 
@@ -41,9 +41,9 @@ int FrameOf(std::string_view state) {
 
 /// One frame of a button whose artwork is missing.
 struct PlainLook {
-  platform::ARGB fill;
-  platform::ARGB edge;
-  platform::ARGB text;
+  toolkit::ARGB fill;
+  toolkit::ARGB edge;
+  toolkit::ARGB text;
 };
 constexpr std::array<PlainLook, kFrames.size()> kPlainLooks = {{
     {0xFFE3EAF2, 0xFF708090, 0xFF404040},
@@ -62,54 +62,54 @@ std::string_view PlainText(std::string_view tool_tip) {
   return tool_tip;
 }
 
-void DrawPlainFrame(const platform::GpGraphics& graphics, const PlainLook& look,
-                    const platform::RectF& place) {
-  platform::GpBrush edge;
-  platform::GpBrush fill;
-  platform::GdipCreateSolidFill(look.edge, edge);
-  platform::GdipCreateSolidFill(look.fill, fill);
-  platform::GdipFillRectangle(graphics, edge, place.x, place.y, place.width, place.height);
-  platform::GdipFillRectangle(graphics, fill, place.x + 1, place.y + 1, place.width - 2,
-                              place.height - 2);
+void DrawPlainFrame(const toolkit::GpGraphics& graphics, const PlainLook& look,
+                    const toolkit::RectF& place) {
+  toolkit::GpBrush edge;
+  toolkit::GpBrush fill;
+  toolkit::GdipCreateSolidFill(look.edge, edge);
+  toolkit::GdipCreateSolidFill(look.fill, fill);
+  toolkit::GdipFillRectangle(graphics, edge, place.x, place.y, place.width, place.height);
+  toolkit::GdipFillRectangle(graphics, fill, place.x + 1, place.y + 1, place.width - 2,
+                             place.height - 2);
 }
 
-void DrawPlainText(const platform::GpGraphics& graphics, const PlainLook& look,
-                   const platform::RectF& place, std::string_view text) {
+void DrawPlainText(const toolkit::GpGraphics& graphics, const PlainLook& look,
+                   const toolkit::RectF& place, std::string_view text) {
   constexpr float kLargeText = 11;  // pixels
   constexpr float kSmallText = 9;
   constexpr float kRoomForLarge = 100;
-  platform::GpFontFamily family;
-  platform::GpFont font;
-  platform::GpStringFormat format;
-  platform::GpBrush brush;
-  platform::GdipCreateFontFamilyFromName("Tahoma", family);
-  platform::GdipCreateFont(family, place.width < kRoomForLarge ? kSmallText : kLargeText,
-                           platform::FontStyleRegular, platform::UnitPixel, font);
-  platform::GdipCreateStringFormat(0, 0, format);
-  platform::GdipCreateSolidFill(look.text, brush);
-  platform::GdipDrawString(graphics, text, font, place, format, brush);
+  toolkit::GpFontFamily family;
+  toolkit::GpFont font;
+  toolkit::GpStringFormat format;
+  toolkit::GpBrush brush;
+  toolkit::GdipCreateFontFamilyFromName("Tahoma", family);
+  toolkit::GdipCreateFont(family, place.width < kRoomForLarge ? kSmallText : kLargeText,
+                          toolkit::FontStyleRegular, toolkit::UnitPixel, font);
+  toolkit::GdipCreateStringFormat(0, 0, format);
+  toolkit::GdipCreateSolidFill(look.text, brush);
+  toolkit::GdipDrawString(graphics, text, font, place, format, brush);
 }
 
 }  // namespace
 
 template <class Part>
 void SkinnedButton::Wire(Part& part) {
-  part.SetMouseIcon(platform::HandCursor());
-  part.SetMousePointer(platform::kPointerCustom);
-  part.MouseMove = [this](const platform::MouseEvent&) { PointerMoved(); };
-  part.MouseDown = [this](const platform::MouseEvent&) { Press(); };
+  part.SetMouseIcon(toolkit::HandCursor());
+  part.SetMousePointer(toolkit::kPointerCustom);
+  part.MouseMove = [this](const toolkit::MouseEvent&) { PointerMoved(); };
+  part.MouseDown = [this](const toolkit::MouseEvent&) { Press(); };
   part.DblClick = [this] { Press(); };
-  part.MouseUp = [this](const platform::MouseEvent&) { Release(); };
+  part.MouseUp = [this](const toolkit::MouseEvent&) { Release(); };
 }
 
-SkinnedButton::SkinnedButton(platform::Container& container, std::string_view name,
+SkinnedButton::SkinnedButton(toolkit::Container& container, std::string_view name,
                              const ButtonLook& look)
     : UserControl(container, name),
       look_(look),
       pic_BG_(*this, "pic_BG"),
-      m_Sniff_(std::make_unique<platform::SmartSubClass>()) {
+      m_Sniff_(std::make_unique<toolkit::SmartSubClass>()) {
   if (look_.has_text) {
-    Label1_ = std::make_unique<platform::Label>(pic_BG_, "Label1");
+    Label1_ = std::make_unique<toolkit::Label>(pic_BG_, "Label1");
     Label1_->SetTransparent(true);
     Label1_->SetFont({.name = "Verdana", .size = 8.25F});
     Wire(*Label1_);
@@ -119,9 +119,9 @@ SkinnedButton::SkinnedButton(platform::Container& container, std::string_view na
   pic_BG_.SetBackColor(platform::RGB(127, 155, 187));
   Wire(pic_BG_);
   Resize = [this] { ForceSize(); };
-  m_Sniff_->NewMessage = [this](platform::HWND, std::uint32_t& message, std::uintptr_t&,
+  m_Sniff_->NewMessage = [this](toolkit::HWND, std::uint32_t& message, std::uintptr_t&,
                                 std::intptr_t&, bool&) {
-    if (message == platform::WM_MOUSELEAVE) {
+    if (message == toolkit::WM_MOUSELEAVE) {
       PointerLeft();
     }
   };
@@ -209,9 +209,9 @@ void SkinnedButton::ForceSize() {
 
 /// Text that is too long for its frame runs downwards only, and the next frame paints over it.
 void SkinnedButton::DrawPlainStrip() {
-  platform::GpGraphics graphics;
+  toolkit::GpGraphics graphics;
   if (!NeedsPlainStrip() ||
-      platform::GdipCreateFromHDC(pic_BG_.hDC(), graphics) != platform::Status::Ok) {
+      toolkit::GdipCreateFromHDC(pic_BG_.hDC(), graphics) != toolkit::Status::Ok) {
     return;
   }
   const auto width = static_cast<float>(look_.width);
@@ -231,7 +231,7 @@ void SkinnedButton::PointerMoved() {
   if (tracking_) {
     return;
   }
-  platform::TrackMouseEvent({.hwndTrack = pic_BG_.hWnd()});
+  toolkit::TrackMouseEvent({.hwndTrack = pic_BG_.hWnd()});
   tracking_ = true;
   if (state_ != kDisabled) {
     Setstate(kHighlight);
@@ -274,7 +274,7 @@ void SkinnedButton::Release() {
   }
 }
 
-void SetUpButton(SkinnedButton& button, platform::Form& form, const ButtonSetup& setup) {
+void SetUpButton(SkinnedButton& button, toolkit::Form& form, const ButtonSetup& setup) {
   button.SetLeft(Twips(setup.left));
   button.SetTop(Twips(setup.top));
   button.Setbutton_type(setup.button_type);

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/forms.h"
-#include "platform/window.h"
+#include "toolkit/forms.h"
+#include "toolkit/window.h"
 #include "widgets/cls_Tooltip.h"
 
 namespace nimbrel {
@@ -27,9 +27,9 @@ struct ButtonLook {
 };
 
 /// A push button that is a strip of four stacked pictures: enabled, highlight, down, disabled.
-class SkinnedButton : public platform::UserControl {
+class SkinnedButton : public toolkit::UserControl {
  public:
-  SkinnedButton(platform::Container& container, std::string_view name, const ButtonLook& look);
+  SkinnedButton(toolkit::Container& container, std::string_view name, const ButtonLook& look);
   ~SkinnedButton() override;
 
   /// Destroys the tooltip and ends the delivery of messages. May be called again.
@@ -50,8 +50,8 @@ class SkinnedButton : public platform::UserControl {
   const std::string& state() const { return state_; }
   /// "enabled", "highlight", "down" or "disabled"; any other is stored and moves nothing.
   void Setstate(std::string_view state);
-  platform::Form* form_name() const { return form_; }
-  void Setform_name(platform::Form* form) { form_ = form; }
+  toolkit::Form* form_name() const { return form_; }
+  void Setform_name(toolkit::Form* form) { form_ = form; }
   const std::string& button_type() const { return button_type_; }
   void Setbutton_type(std::string_view type) { button_type_ = type; }
 
@@ -72,12 +72,12 @@ class SkinnedButton : public platform::UserControl {
   void Release();
 
   ButtonLook look_;
-  platform::PictureBox pic_BG_;
-  std::unique_ptr<platform::Label> Label1_;
-  std::unique_ptr<platform::SmartSubClass> m_Sniff_;
+  toolkit::PictureBox pic_BG_;
+  std::unique_ptr<toolkit::Label> Label1_;
+  std::unique_ptr<toolkit::SmartSubClass> m_Sniff_;
   std::unique_ptr<cls_Tooltip> tooltip_;
   std::string button_type_;
-  platform::Form* form_ = nullptr;
+  toolkit::Form* form_ = nullptr;
   std::string picture_;
   std::string state_ = "enabled";
   std::string tool_tip_;
@@ -97,7 +97,7 @@ inline constexpr ButtonLook kLargeLook{ButtonClass::kLarge, 128, 43, false};
 template <const ButtonLook& Look>
 class SizedButton : public SkinnedButton {
  public:
-  SizedButton(platform::Container& container, std::string_view name)
+  SizedButton(toolkit::Container& container, std::string_view name)
       : SkinnedButton(container, name, Look) {}
   const std::string& ButtonText() const requires(Look.has_text) { return Caption(); }
   void SetButtonText(std::string_view text) requires(Look.has_text) { SetCaptionText(text); }
@@ -116,6 +116,6 @@ struct ButtonSetup {
   const char* tool_tip;
 };
 /// Places the button and sets it up in the fixed order, enabled.
-void SetUpButton(SkinnedButton& button, platform::Form& form, const ButtonSetup& setup);
+void SetUpButton(SkinnedButton& button, toolkit::Form& form, const ButtonSetup& setup);
 
 }  // namespace nimbrel

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/gdi.h"
-#include "platform/window.h"
+#include "toolkit/window.h"
 
 namespace nimbrel {
 
@@ -15,8 +15,8 @@ float FontScaleFactor = 1.0F;
 
 namespace {
 
-using platform::Container;
-using platform::Control;
+using toolkit::Container;
+using toolkit::Control;
 using ScaleStep = void (*)(Control&, float factor);
 
 void ScaleWidthOf(Control& control, float factor) { control.SetWidth(control.Width() * factor); }
@@ -34,7 +34,7 @@ void ScaleInnerWidth(Control& control, float factor) {
 
 /// A list that snaps to whole rows would not take the height it is given.
 void TakeAnyHeight(Control& control, float) {
-  static_cast<platform::ListBox&>(control).SetIntegralHeight(false);
+  static_cast<toolkit::ListBox&>(control).SetIntegralHeight(false);
 }
 
 constexpr std::array<ScaleStep, 6> kPictureBoxSteps = {
@@ -45,16 +45,16 @@ constexpr std::array<ScaleStep, 4> kOtherSteps = {ScaleWidthOf, ScaleHeightOf, S
                                                   ScaleLeftOf};
 
 struct KindSteps {
-  platform::ControlKind kind;
+  toolkit::ControlKind kind;
   std::span<const ScaleStep> steps;
 };
 /// What is scaled, by the control's kind and in this order; a kind without a row takes kOtherSteps.
 constexpr std::array<KindSteps, 2> kSteps = {{
-    {platform::ControlKind::kPictureBox, kPictureBoxSteps},
-    {platform::ControlKind::kListBox, kListBoxSteps},
+    {toolkit::ControlKind::kPictureBox, kPictureBoxSteps},
+    {toolkit::ControlKind::kListBox, kListBoxSteps},
 }};
 
-std::span<const ScaleStep> StepsOf(platform::ControlKind kind) {
+std::span<const ScaleStep> StepsOf(toolkit::ControlKind kind) {
   for (const KindSteps& row : kSteps) {
     if (row.kind == kind) {
       return row.steps;
@@ -64,9 +64,9 @@ std::span<const ScaleStep> StepsOf(platform::ControlKind kind) {
 }
 
 /// Whether the control is a part of a control made of others: those lay out their parts themselves.
-bool IsPart(const Control& control, std::span<const platform::HWND> user_controls) {
-  for (platform::HWND parent = platform::GetParent(control.hWnd()); parent != nullptr;
-       parent = platform::GetParent(parent)) {
+bool IsPart(const Control& control, std::span<const toolkit::HWND> user_controls) {
+  for (toolkit::HWND parent = toolkit::GetParent(control.hWnd()); parent != nullptr;
+       parent = toolkit::GetParent(parent)) {
     if (std::find(user_controls.begin(), user_controls.end(), parent) != user_controls.end()) {
       return true;
     }
@@ -75,7 +75,7 @@ bool IsPart(const Control& control, std::span<const platform::HWND> user_control
 }
 
 void ScaleControl(Control& control, float factor) {
-  platform::Font font = control.GetFont();
+  toolkit::Font font = control.GetFont();
   font.size *= factor;
   control.SetFont(font);
   for (const ScaleStep step : StepsOf(control.Kind())) {
@@ -86,23 +86,23 @@ void ScaleControl(Control& control, float factor) {
 }  // namespace
 
 bool IsSmallFonts() {
-  const platform::HWND desktop = platform::GetDesktopWindow();
-  platform::HDC dc = platform::GetDC(desktop);
-  ScreenDpi = platform::GetDeviceCaps(dc, platform::LOGPIXELSX);
-  platform::ReleaseDC(desktop, dc);
+  const toolkit::HWND desktop = toolkit::GetDesktopWindow();
+  platform::HDC dc = toolkit::GetDC(desktop);
+  ScreenDpi = toolkit::GetDeviceCaps(dc, toolkit::LOGPIXELSX);
+  toolkit::ReleaseDC(desktop, dc);
   return ScreenDpi == 96;
 }
 
-void FixFormForFontSize(platform::Form& form) {
+void FixFormForFontSize(toolkit::Form& form) {
   const std::int32_t dots_per_inch = IsSmallFonts() ? 96 : ScreenDpi;
   FontScaleFactor = 96.0F / static_cast<float>(dots_per_inch);
   if (FontScaleFactor != 1.0F) {
     form.SetHeight(form.Height() * FontScaleFactor);
     form.SetWidth(form.Width() * FontScaleFactor);
   }
-  std::vector<platform::HWND> user_controls;
+  std::vector<toolkit::HWND> user_controls;
   for (Control* control : form.Controls()) {
-    if (control->Kind() == platform::ControlKind::kUserControl) {
+    if (control->Kind() == toolkit::ControlKind::kUserControl) {
       user_controls.push_back(control->hWnd());
     }
     if (!IsPart(*control, user_controls)) {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 namespace nimbrel {
 
@@ -15,6 +15,6 @@ extern float FontScaleFactor;
 bool IsSmallFonts();
 
 /// Rescales the form and its controls so that each keeps its pixel size at 96 dots per inch.
-void FixFormForFontSize(platform::Form& form);
+void FixFormForFontSize(toolkit::Form& form);
 
 }  // namespace nimbrel

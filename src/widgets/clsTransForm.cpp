@@ -9,11 +9,11 @@
 
 #include "platform/files.h"
 #include "platform/system.h"
-#include "platform/window.h"
+#include "toolkit/window.h"
 
 namespace nimbrel {
 
-platform::Form* DraggedForm = nullptr;
+toolkit::Form* DraggedForm = nullptr;
 
 namespace {
 
@@ -79,8 +79,8 @@ std::vector<Run> FindRuns(const platform::HDC& dc, int width, int height,
 }
 
 /// Whether any pixel of the form is left inside the outline.
-bool ShowsAnything(const platform::Region& region, int width, int height) {
-  return std::any_of(region.Rects().begin(), region.Rects().end(), [&](const platform::Rect& part) {
+bool ShowsAnything(const toolkit::Region& region, int width, int height) {
+  return std::any_of(region.Rects().begin(), region.Rects().end(), [&](const toolkit::Rect& part) {
     return part.left < width && part.top < height && part.right > 0 && part.bottom > 0;
   });
 }
@@ -93,21 +93,21 @@ void clsTransForm::PrepareForm() {
   scale_width_ = static_cast<std::int32_t>(form_->ScaleWidth());
 }
 
-platform::HRGN clsTransForm::ScanRegion(platform::ColorRef color) const {
+toolkit::HRGN clsTransForm::ScanRegion(platform::ColorRef color) const {
   const std::vector<Run> runs = FindRuns(form_->hDC(), scale_width_, scale_height_, color);
-  platform::HRGN region = platform::CreateRectRgn(0, 0, scale_width_, scale_height_);
+  toolkit::HRGN region = toolkit::CreateRectRgn(0, 0, scale_width_, scale_height_);
   for (const Run& run : runs) {
-    const platform::HRGN row = platform::CreateRectRgn(run.first, run.y, run.last + 1, run.y + 1);
-    platform::CombineRgn(region, region, row, platform::RGN_DIFF);
+    const toolkit::HRGN row = toolkit::CreateRectRgn(run.first, run.y, run.last + 1, run.y + 1);
+    toolkit::CombineRgn(region, region, row, toolkit::RGN_DIFF);
   }
   return region;
 }
 
-void clsTransForm::ShapeMe(platform::Form& name, platform::ColorRef color, bool Load,
+void clsTransForm::ShapeMe(toolkit::Form& name, platform::ColorRef color, bool Load,
                            std::string_view FileName) {
   form_ = &name;
   PrepareForm();
-  platform::HRGN region;
+  toolkit::HRGN region;
   if (Load && !FileName.empty()) {
     region = LoadRegionDataFromFile(FileName);
     // An outline that shows nothing of the form would leave the user before an invisible window,
@@ -121,11 +121,11 @@ void clsTransForm::ShapeMe(platform::Form& name, platform::ColorRef color, bool 
   if (!Load && !FileName.empty()) {
     SaveRegionDataToFile(region, FileName);
   }
-  platform::SetWindowRgn(form_->hWnd(), std::move(region), true);
+  toolkit::SetWindowRgn(form_->hWnd(), std::move(region), true);
 }
 
-void clsTransForm::SaveRegionDataToFile(const platform::HRGN& region, std::string_view file) {
-  const std::vector<std::byte> data = platform::GetRegionData(region);
+void clsTransForm::SaveRegionDataToFile(const toolkit::HRGN& region, std::string_view file) {
+  const std::vector<std::byte> data = toolkit::GetRegionData(region);
   if (data.empty()) {
     throw TransFormError(kNoRegionSize, kSaveSource,
                          "Unable to determine size of region in SaveRegionDataToFile");
@@ -141,30 +141,30 @@ void clsTransForm::SaveRegionDataToFile(const platform::HRGN& region, std::strin
   }
 }
 
-platform::HRGN clsTransForm::LoadRegionDataFromFile(std::string_view file) {
+toolkit::HRGN clsTransForm::LoadRegionDataFromFile(std::string_view file) {
   platform::FileStatus status = platform::FileStatus::kOther;
   const auto data = platform::ReadFile(file, kLongestRegionFile, &status);
   if (!data) {
     throw TransFormError(ErrorNumber(status), kLoadSource, FileErrorText(file, status));
   }
-  platform::HRGN region = platform::ExtCreateRegion(*data);
+  toolkit::HRGN region = toolkit::ExtCreateRegion(*data);
   if (!region) {
     throw TransFormError(kBadRecord, kLoadSource, std::string(file) + " is no region file");
   }
   return region;
 }
 
-void clsTransForm::DragForm(platform::HWND hwnd, std::int16_t intButton) {
-  if (intButton == platform::kLeftButton) {
-    platform::ReleaseCapture();
-    platform::SendMessageA(hwnd, platform::WM_NCLBUTTONDOWN, platform::HTCAPTION, 0);
+void clsTransForm::DragForm(toolkit::HWND hwnd, std::int16_t intButton) {
+  if (intButton == toolkit::kLeftButton) {
+    toolkit::ReleaseCapture();
+    toolkit::SendMessageA(hwnd, toolkit::WM_NCLBUTTONDOWN, toolkit::HTCAPTION, 0);
   }
-  if (DraggedForm != nullptr && DraggedForm->MousePointer() == platform::kPointerCustom) {
-    DraggedForm->SetMousePointer(platform::kPointerDefault);
+  if (DraggedForm != nullptr && DraggedForm->MousePointer() == toolkit::kPointerCustom) {
+    DraggedForm->SetMousePointer(toolkit::kPointerDefault);
   }
 }
 
-void ShapeFromFile(clsTransForm& shape, platform::Form& form, std::string_view media_file) {
+void ShapeFromFile(clsTransForm& shape, toolkit::Form& form, std::string_view media_file) {
   try {
     shape.ShapeMe(form, platform::RGB(0, 0, 0), true,
                   platform::ApplicationFolder() + std::string(media_file));

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/forms.h"
 #include "platform/gdi.h"
+#include "toolkit/forms.h"
 
 namespace nimbrel {
 
@@ -30,29 +30,29 @@ class clsTransForm {
   /// Shapes the form. With `Load` and a `FileName` the outline comes from that file; else the
   /// form's picture is scanned for `color`, and the outline is written to `FileName` if given.
   /// Throws TransFormError.
-  void ShapeMe(platform::Form& name, platform::ColorRef color, bool Load = false,
+  void ShapeMe(toolkit::Form& name, platform::ColorRef color, bool Load = false,
                std::string_view FileName = {});
   /// Moves the window with the mouse while the left button (intButton 1) is held, then gives the
   /// dragged form its default pointer back.
-  static void DragForm(platform::HWND hwnd, std::int16_t intButton);
+  static void DragForm(toolkit::HWND hwnd, std::int16_t intButton);
 
  private:
   void PrepareForm();
-  platform::HRGN ScanRegion(platform::ColorRef color) const;
-  static void SaveRegionDataToFile(const platform::HRGN& region, std::string_view file);
-  static platform::HRGN LoadRegionDataFromFile(std::string_view file);
+  toolkit::HRGN ScanRegion(platform::ColorRef color) const;
+  static void SaveRegionDataToFile(const toolkit::HRGN& region, std::string_view file);
+  static toolkit::HRGN LoadRegionDataFromFile(std::string_view file);
 
-  platform::Form* form_ = nullptr;
+  toolkit::Form* form_ = nullptr;
   std::int32_t scale_height_ = 0;
   std::int32_t scale_width_ = 0;
 };
 
 /// The form that DragForm moves: its pointer is set back after a drag. Set by frm_Main's load.
-extern platform::Form* DraggedForm;
+extern toolkit::Form* DraggedForm;
 
 /// ShapeMe from a region file under the program's folder, such as "\Media\MsgRegion.dat", with
 /// black as the key colour. A missing or damaged file leaves the window rectangular: a program
 /// without its outline can still be used, and one that ends in its form's load can't.
-void ShapeFromFile(clsTransForm& shape, platform::Form& form, std::string_view media_file);
+void ShapeFromFile(clsTransForm& shape, toolkit::Form& form, std::string_view media_file);
 
 }  // namespace nimbrel

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/forms.h"
 #include "platform/gdi.h"
-#include "platform/window.h"
+#include "toolkit/forms.h"
+#include "toolkit/window.h"
 
 namespace nimbrel {
 
@@ -26,19 +26,19 @@ class cls_Tooltip {
   std::int32_t VisibleTime() const;
   void SetVisibleTime(std::int32_t& lngTime);  ///< milliseconds, clamped to 0..32767 in place
   std::int32_t DelayTime() const;
-  void SetDelayTime(std::int32_t& lngTime);     ///< the same
-  void SetFont(const platform::Font* objFont);  ///< null does nothing
+  void SetDelayTime(std::int32_t& lngTime);    ///< the same
+  void SetFont(const toolkit::Font* objFont);  ///< null does nothing
 
-  void Create(platform::HWND lngHwndParent);
+  void Create(toolkit::HWND lngHwndParent);
   void Destroy();
-  void AddControl(const platform::Control& ctlTool, std::string_view strCaption,
+  void AddControl(const toolkit::Control& ctlTool, std::string_view strCaption,
                   bool blnCenterTip = false);
-  platform::HWND hWnd() const { return window_; }
+  toolkit::HWND hWnd() const { return window_; }
 
  private:
-  platform::HWND window_ = nullptr;
+  toolkit::HWND window_ = nullptr;
   std::int32_t max_width_ = 300;
-  platform::HFONT font_;
+  toolkit::HFONT font_;
   platform::ColorRef fore_color_ = 0;
   platform::ColorRef back_color_ = 0;
 };

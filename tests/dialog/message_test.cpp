@@ -11,6 +11,7 @@
 #include "support/BmpFile.h"
 #include "support/TempFolder.h"
 #include "support/real_widgets.h"
+#include "toolkit/desktop.h"
 
 namespace nimbrel {
 namespace {
@@ -46,7 +47,7 @@ class MessageTest : public testing::Test {
     WriteText(folder_ / "Media/Msg_BG.bmp", ColorBmp(400, 300, plain).Bytes());
     WriteText(folder_ / "Media/icon_Error.bmp", ColorBmp(100, 100, plain).Bytes());
     platform::SetApplicationFolder(folder_.string());
-    platform::SetSoundListener([](std::string_view alias) { heard += alias; });
+    toolkit::SetSoundListener([](std::string_view alias) { heard += alias; });
     heard.clear();
     pending = nullptr;
     MessageAnswer = -1;
@@ -56,7 +57,7 @@ class MessageTest : public testing::Test {
     ReleaseMessageForm();
     MessageOwner = nullptr;
     DispatchClick = nullptr;
-    platform::SetSoundListener(nullptr);
+    toolkit::SetSoundListener(nullptr);
     platform::SetApplicationFolder("");
   }
 
@@ -148,29 +149,29 @@ TEST_F(MessageTest, QuestionProgressAndClosingMessageNestInOneStack) {
   EXPECT_EQ("SystemQuestionSystemNotification", heard);
 }
 
-platform::Form* owner;
+toolkit::Form* owner;
 
 TEST_F(MessageTest, StandsInTheMiddleOfItsOwner) {
-  platform::Form main("frm_Main");
+  toolkit::Form main("frm_Main");
   main.SetWidth(11970);
   main.SetHeight(9045);
   main.SetLeft(1500);
   main.SetTop(600);
   owner = &main;
-  MessageOwner = []() -> platform::Form& { return *owner; };
+  MessageOwner = []() -> toolkit::Form& { return *owner; };
   ShowMessage("Progress", "Copying", "", false, false, true);
-  const platform::Form& form = MessageForm().form;
+  const toolkit::Form& form = MessageForm().form;
   EXPECT_EQ(6000, form.Width());
   EXPECT_EQ(4500, form.Height());
-  EXPECT_NEAR(1500 + (11970 - 6000) / 2.0, form.Left(), platform::kTwipsPerPixel);
-  EXPECT_NEAR(600 + (9045 - 4500) / 2.0, form.Top(), platform::kTwipsPerPixel);
+  EXPECT_NEAR(1500 + (11970 - 6000) / 2.0, form.Left(), toolkit::kTwipsPerPixel);
+  EXPECT_NEAR(600 + (9045 - 4500) / 2.0, form.Top(), toolkit::kTwipsPerPixel);
 }
 
 TEST_F(MessageTest, HelpOpensTheManualInTheProgramsFolder) {
   static std::string opened;
-  platform::SetOpenListener([](std::string_view file) { opened = file; });
+  toolkit::SetOpenListener([](std::string_view file) { opened = file; });
   OpenHelpFile();
-  platform::SetOpenListener(nullptr);
+  toolkit::SetOpenListener(nullptr);
   EXPECT_EQ(folder_.string() + "\\Nimbrel Help.pdf", opened);
 }
 

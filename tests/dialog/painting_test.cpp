@@ -13,7 +13,7 @@
 namespace nimbrel {
 namespace {
 
-using platform::GpImage;
+using toolkit::GpImage;
 
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 constexpr std::uint32_t kRed = 0xFF0000;
@@ -39,7 +39,7 @@ GpImage RedPicture() {
   const auto file = folder / "red.bmp";
   WriteText(file, ColorBmp(8, 6, [](int, int) { return kRed; }).Bytes());
   GpImage image;
-  platform::GdipLoadImageFromFile(file.string(), image);
+  toolkit::GdipLoadImageFromFile(file.string(), image);
   return image;
 }
 
@@ -215,11 +215,11 @@ TEST(Progress, TellsWholePercent) {
 }
 
 TEST(PageText, LeavesAMinusOneUnbounded) {
-  const auto ink = [](platform::RectF layout) {
+  const auto ink = [](toolkit::RectF layout) {
     const Surface surface(400, 100);
     DrawPageText(surface.hdc, layout, "Randomizer Settings Overview", "Verdana", 22,
-                 platform::FontStyleRegular, platform::StringAlignmentNear,
-                 platform::StringAlignmentNear, kTitleColor, true);
+                 toolkit::FontStyleRegular, toolkit::StringAlignmentNear,
+                 toolkit::StringAlignmentNear, kTitleColor, true);
     int last_row = 0;
     for (int i = 0; i < 400 * 100; ++i) {
       last_row = surface.At(i % 400, i / 400) != kWhite ? i / 400 : last_row;

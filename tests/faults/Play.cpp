@@ -12,7 +12,6 @@
 #include "FaultWorld.h"
 #include "history/frm_AddFavorite.h"
 #include "history/frm_Favorite.h"
-#include "platform/forms.h"
 #include "platform/random.h"
 #include "platform/system.h"
 #include "randomizer/frm_RandomizerConstraints.h"
@@ -22,6 +21,8 @@
 #include "shell/MainSwitches.h"
 #include "shell/ShellWorld.h"
 #include "shell/frm_Main.h"
+#include "toolkit/desktop.h"
+#include "toolkit/forms.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
@@ -55,7 +56,7 @@ bool Randomize() {
 }
 
 bool LoadOldestAndInstall() {
-  platform::ComboBox& history = MainForm().combo_History;
+  toolkit::ComboBox& history = MainForm().combo_History;
   if (history.ListCount() == 0) {
     return false;
   }
@@ -121,7 +122,7 @@ fs::path Program() {
   platform::SetApplicationFolder(Program().string());
   platform::SetClock([] { return 39087.5; });
   platform::SetSeedSource(NextSeed);
-  platform::SetSoundListener(HearSound);
+  toolkit::SetSoundListener(HearSound);
   const Answers answers;
   const auto arm = [&] { faults::Arm(Simulator().string(), plan, &g_shared->seen); };
   if (scenario.from_start) {

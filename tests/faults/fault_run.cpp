@@ -33,8 +33,8 @@
 #include "Checker.h"
 #include "Faults.h"
 #include "Play.h"
-#include "platform/forms.h"
 #include "support/TempFolder.h"
+#include "toolkit/forms.h"
 
 using faults::Deed;
 
@@ -117,7 +117,7 @@ int main(int argc, char** argv) {
   g_shared = static_cast<Shared*>(
       mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
   // Made once: each run is a copy of this process, which itself runs no events and has one thread.
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   QFontMetrics(QFont("Verdana")).horizontalAdvance('x');
   MakeWorlds();
   for (const Scenario& scenario : kAllScenarios) {

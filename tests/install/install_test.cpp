@@ -13,7 +13,6 @@
 #include "install/mod_Install.h"
 #include "install/mod_SunContrails.h"
 #include "platform/files.h"
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Functions_Configuration.h"
 #include "settings/Selection.h"
@@ -21,6 +20,7 @@
 #include "support/BmpFile.h"
 #include "support/SimulatorTree.h"
 #include "support/recorders.h"
+#include "toolkit/forms.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
@@ -99,7 +99,7 @@ class Installing : public testing::Test {
 TEST_F(Installing, RunsItsStepsInOrder) {
   int hourglasses = 0;
   Recorded.on_percent = [&] {
-    hourglasses += platform::Screen::MousePointer() == platform::kPointerHourglass ? 1 : 0;
+    hourglasses += toolkit::Screen::MousePointer() == toolkit::kPointerHourglass ? 1 : 0;
   };
   InstallAndReport();
   EXPECT_EQ(0, OldFiles());
@@ -128,7 +128,7 @@ TEST_F(Installing, RunsItsStepsInOrder) {
   }
   EXPECT_TRUE(std::is_sorted(Recorded.percents.begin(), Recorded.percents.end()));
   EXPECT_EQ(Recorded.percents.size(), static_cast<std::size_t>(hourglasses));
-  EXPECT_EQ(platform::kPointerDefault, platform::Screen::MousePointer());
+  EXPECT_EQ(toolkit::kPointerDefault, toolkit::Screen::MousePointer());
 
   ASSERT_EQ(2U, Recorded.messages.size());
   EXPECT_EQ("Progress", Recorded.messages[0].kind);
@@ -183,7 +183,7 @@ TEST_F(Installing, WithoutACloudTextureItEndsInAMessage) {
   EXPECT_EQ("Error", Recorded.messages[1].kind);
   EXPECT_TRUE(Recorded.messages[1].text.ends_with("\r\rPress the checkmark to continue."));
   EXPECT_EQ(1, Recorded.hides);
-  EXPECT_EQ(platform::kPointerDefault, platform::Screen::MousePointer());
+  EXPECT_EQ(toolkit::kPointerDefault, toolkit::Screen::MousePointer());
 }
 
 TEST_F(Installing, CleansUpAfterAKilledRunButOnlyInTheSimulator) {

@@ -20,7 +20,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/forms.h"
 #include "platform/system.h"
 #include "settings/Catalogue.h"
 #include "settings/CatalogueReader.h"
@@ -28,6 +27,7 @@
 #include "shell/RingPlan.h"
 #include "shell/mod_GDIP_DrawingRoutines.h"
 #include "support/Surface.h"
+#include "toolkit/forms.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ constexpr std::array<QRect, 4> kClear{QRect(188, 0, 231, 77), QRect(0, 41, kWidt
 struct Ring {
   const nimbrel::RingPlan& plan;
   std::int16_t family;
-  platform::GpImage background;
+  toolkit::GpImage background;
 };
 
 struct Frame {
@@ -58,9 +58,9 @@ struct Frame {
 Frame Draw(const Ring& ring, std::span<const nimbrel::PlacedPicture> placed, int front, int option,
            const std::string& name) {
   Frame frame{name, Surface(kWidth, kHeight), false};
-  platform::GpGraphics graphics;
-  platform::GdipCreateFromHDC(frame.surface.hdc, graphics);
-  platform::GdipDrawImageRect(graphics, ring.background, 0, 0, kWidth, kHeight);
+  toolkit::GpGraphics graphics;
+  toolkit::GdipCreateFromHDC(frame.surface.hdc, graphics);
+  toolkit::GdipDrawImageRect(graphics, ring.background, 0, 0, kWidth, kHeight);
   const int groups = static_cast<int>(ring.plan.rest.size());
   for (const auto& [follower, slot] : placed) {
     const auto group = static_cast<std::int16_t>((front + follower) % groups);
@@ -156,7 +156,7 @@ int WatchTurns(const std::vector<Frame>& frames, const QPoint& corner) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   const std::vector<std::string> words(argv + 1, argv + argc);
   if (words.size() < 6) {
     return EXIT_FAILURE;
@@ -168,7 +168,7 @@ int main(int argc, char** argv) {
   Ring ring{cloud ? nimbrel::kCloudRing : nimbrel::kWaterRing,
             cloud ? nimbrel::kCloud : nimbrel::kWater,
             {}};
-  platform::GdipLoadImageFromFile(words[0] + "\\Media\\SubRing_BG.bmp", ring.background);
+  toolkit::GdipLoadImageFromFile(words[0] + "\\Media\\SubRing_BG.bmp", ring.background);
   const QPoint corner(std::stoi(words[2]), std::stoi(words[3]));
   if (words[4] == "turn") {
     const bool up = words[5] == "counterclockwise";

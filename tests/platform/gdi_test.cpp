@@ -303,28 +303,4 @@ TEST(ColorTable, HoldsForEightBitsOnly) {
   EXPECT_EQ(0U, platform::SetDIBColorTable(platform::CreateCompatibleDC({}), 0, colors));
 }
 
-TEST(MulDiv, RoundsHalvesAwayFromZero) {
-  constexpr int kMost = std::numeric_limits<int>::max();
-  constexpr std::array<std::array<int, 4>, 8> kRows{{{10, 3, 4, 8},
-                                                     {-10, 3, 4, -8},
-                                                     {10, 3, -4, -8},
-                                                     {1, 1, 3, 0},
-                                                     {2, 1, 3, 1},
-                                                     {5, 5, 0, -1},
-                                                     {kMost, kMost, kMost, kMost},
-                                                     {kMost, 2, 1, -1}}};
-  for (const auto& [number, numerator, denominator, result] : kRows) {
-    EXPECT_EQ(result, platform::MulDiv(number, numerator, denominator)) << number;
-  }
-}
-
-TEST(GetDeviceCaps, ServesTheDensity) {
-  EXPECT_EQ(96, platform::GetDeviceCaps({}, platform::LOGPIXELSX));
-  platform::SetDeviceDpi(120);
-  EXPECT_EQ(120, platform::GetDeviceCaps({}, platform::LOGPIXELSY));
-  platform::SetDeviceDpi(0);
-  EXPECT_EQ(96, platform::GetDeviceCaps({}, platform::LOGPIXELSY));
-  EXPECT_EQ(0, platform::GetDeviceCaps({}, 1));
-}
-
 }  // namespace

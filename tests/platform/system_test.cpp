@@ -129,37 +129,5 @@ TEST(Program, EndsAtOnce) {
   EXPECT_EXIT(end(), testing::ExitedWithCode(3), "");
 }
 
-std::vector<std::string> heard;
-
-TEST(Sounds, AreNamedByTheirAlias) {
-  SetSoundListener([](std::string_view alias) { heard.emplace_back(alias); });
-  heard.clear();
-  EXPECT_TRUE(PlaySoundA("SystemAsterisk", SND_ALIAS | SND_ASYNC));
-  EXPECT_TRUE(PlaySoundA("SystemQuestion", SND_ALIAS | SND_ASYNC));
-  EXPECT_FALSE(PlaySoundA("systemquestion", SND_ALIAS | SND_ASYNC));
-  EXPECT_FALSE(PlaySoundA("SystemHand", SND_ALIAS | SND_ASYNC));
-  EXPECT_FALSE(PlaySoundA("SystemQuestion", SND_ALIAS)) << "would have to wait for it";
-  EXPECT_EQ((std::vector<std::string>{"SystemAsterisk", "SystemQuestion"}), heard);
-  SetSoundListener(nullptr);
-}
-
-TEST(Documents, ThatAreMissingAreNotOpened) {
-  const TempFolder folder;
-  EXPECT_FALSE(ShellExecuteA(folder.string() + "\\None.pdf"));
-  EXPECT_FALSE(ShellExecuteA(folder.string()));
-  heard.clear();
-  SetOpenListener([](std::string_view file) { heard.emplace_back(file); });
-  WriteText(folder / "Help.pdf", "%PDF");
-  EXPECT_TRUE(ShellExecuteA(folder.string() + "\\HELP.PDF"));
-  EXPECT_EQ(std::vector{folder.string() + "\\HELP.PDF"}, heard);
-  SetOpenListener(nullptr);
-}
-
-TEST(Locale, IsWestern) {
-  EXPECT_EQ("1252", GetLocaleInfoA(GetSystemDefaultLCID(), LOCALE_IDEFAULTANSICODEPAGE));
-  EXPECT_EQ(0U, TranslateCharsetInfo(1252, TCI_SRCCODEPAGE));
-  EXPECT_EQ(1U, TranslateCharsetInfo(932, TCI_SRCCODEPAGE));
-}
-
 }  // namespace
 }  // namespace platform

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "platform/gdiplus.h"
 #include "settings/Catalogue.h"
 #include "settings/mod_ReadConfiguration.h"
 #include "settings/mod_WriteConfiguration.h"
@@ -10,6 +9,7 @@
 #include "support/BmpFile.h"
 #include "support/SimulatorTree.h"
 #include "support/recorders.h"
+#include "toolkit/gdiplus.h"
 
 using namespace nimbrel;
 

@@ -23,6 +23,7 @@
 #include "shell/frm_Preview.h"
 #include "shell/frm_Sky.h"
 #include "shell/frm_Splash.h"
+#include "toolkit/desktop.h"
 
 namespace fs = std::filesystem;
 using nimbrel::kOptionGroups;
@@ -117,7 +118,7 @@ ShellWorld::ShellWorld() {
   }
   fs::create_directories(Program() / "Data");
   platform::SetApplicationFolder(Program().string());
-  platform::SetSoundListener([](std::string_view) {});
+  toolkit::SetSoundListener([](std::string_view) {});
   nimbrel::CurrentSelection = {};
   nimbrel::RandomizerRecord = {};
   nimbrel::CurrentPage.clear();
@@ -139,7 +140,7 @@ ShellWorld::~ShellWorld() {
   nimbrel::ReleaseMainForm();
   nimbrel::ReleaseMessageForm();
   nimbrel::ReleaseSplashForm();
-  platform::SetSoundListener(nullptr);
+  toolkit::SetSoundListener(nullptr);
   platform::SetApplicationFolder({});
 }
 

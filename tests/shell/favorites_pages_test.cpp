@@ -93,7 +93,7 @@ TEST_F(FavoritesTest, ClickFarDownKeepsTheRowUnderThePointer) {
   }
   Start();
   OpenPage();
-  platform::ListBox& list = FavoritePage().lst_Favorites;
+  toolkit::ListBox& list = FavoritePage().lst_Favorites;
   list.SetTopIndex(120);
   ClickRow(125);
   EXPECT_EQ(125, list.ListIndex());
@@ -130,7 +130,7 @@ TEST_F(FavoritesTest, DeleteTakesTheSelectedFileAfterTheQuestion) {
   }
   EXPECT_TRUE(fs::is_empty(world.Program() / "Favorites"));
   EXPECT_EQ(0, FavoritePage().lst_Favorites.ListCount());
-  for (platform::Label* label : FavoritePage().Values()) {
+  for (toolkit::Label* label : FavoritePage().Values()) {
     EXPECT_EQ("", label->Caption());
   }
   Answers answers;
@@ -159,9 +159,9 @@ TEST_F(FavoritesTest, DialogSavesWhatIsTyped) {
   Start();
   PressAndThen("frm_Main", "btn_AddFavorite", [] {
     Window("frm_AddFavorite")->activateWindow();  // what a window manager does by itself
-    platform::DoEvents();
+    toolkit::DoEvents();
     frm_AddFavorite& dialog = AddFavoriteForm();
-    const platform::Form& main = MainForm().form;
+    const toolkit::Form& main = MainForm().form;
     EXPECT_FLOAT_EQ(main.Left() + main.Width() / 2, dialog.form.Left() + dialog.form.Width() / 2);
     EXPECT_EQ(31, dialog.txt_Title.SelLength()) << "the placeholder is selected whole";
     QWidget* title = Window("frm_AddFavorite", "txt_Title");
@@ -202,7 +202,7 @@ TEST_F(FavoritesTest, PastedTextIsCutToItsFieldAndKeptInTheFilesCodePage) {
   Start();
   PressAndThen("frm_Main", "btn_AddFavorite", [] {
     Window("frm_AddFavorite")->activateWindow();
-    platform::DoEvents();
+    toolkit::DoEvents();
     QGuiApplication::clipboard()->setText(QChar(0x2603) + QString(1100, QChar(0xE9)));
     for (const auto& [box, most] : {std::pair{&AddFavoriteForm().txt_Title, 254U},
                                     std::pair{&AddFavoriteForm().txt_Description, 999U}}) {

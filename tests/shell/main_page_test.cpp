@@ -96,9 +96,9 @@ TEST_F(MainPage, ColoursTextAndValuesButNotButtonCaptions) {
   for (const auto label : kSummaryLabels) {
     EXPECT_EQ(RGB(0, 101, 161), (MainForm().*label).ForeColor());
   }
-  for (platform::Control* control : MainForm().form.Controls()) {
+  for (toolkit::Control* control : MainForm().form.Controls()) {
     if (control->Name() == "Label1") {
-      EXPECT_NE(RGB(96, 96, 96), static_cast<platform::Label*>(control)->ForeColor());
+      EXPECT_NE(RGB(96, 96, 96), static_cast<toolkit::Label*>(control)->ForeColor());
     }
   }
 }
@@ -144,7 +144,7 @@ TEST_F(MainPage, TheHistoryListRunsFromTheNewestAndKeepsTheFocus) {
     RefreshMainPage();
     EXPECT_EQ(row.selected, MainForm().combo_History.ListIndex()) << row.focus;
   }
-  const platform::ComboBox& combo = MainForm().combo_History;
+  const toolkit::ComboBox& combo = MainForm().combo_History;
   ASSERT_EQ(4, combo.ListCount());
   EXPECT_EQ("Jan 5, 03:09:09 PM - User", combo.List(3));
   EXPECT_EQ(0, combo.ItemData(3));
@@ -155,7 +155,7 @@ TEST_F(MainPage, TheHistoryListRunsFromTheNewestAndKeepsTheFocus) {
 TEST_F(MainPage, ACheckLabelTogglesItsOwnBox) {
   struct Pair {
     const char* label;
-    platform::CheckBox& box;
+    toolkit::CheckBox& box;
   };
   const MainSwitches boxes = Switches();
   for (const Pair& pair :
@@ -190,12 +190,12 @@ TEST_F(MainPage, APreviewOpensSwapsAndCloses) {
 TEST_F(MainPage, OnlyTheLeftButtonOnTheBackgroundTakesHoldOfTheWindow) {
   QWidget* window = Window(kWindow);
   QTest::mousePress(window, Qt::RightButton, {}, {400, 30});
-  EXPECT_EQ(platform::kPointerDefault, MainForm().form.MousePointer());
+  EXPECT_EQ(toolkit::kPointerDefault, MainForm().form.MousePointer());
   QTest::mouseRelease(window, Qt::RightButton, {}, {400, 30});
   QTest::mousePress(window, Qt::LeftButton, {}, {400, 30});
-  EXPECT_EQ(platform::kPointerCustom, MainForm().form.MousePointer());
+  EXPECT_EQ(toolkit::kPointerCustom, MainForm().form.MousePointer());
   QTest::mouseRelease(window, Qt::LeftButton, {}, {400, 30});
-  EXPECT_EQ(platform::kPointerDefault, MainForm().form.MousePointer());
+  EXPECT_EQ(toolkit::kPointerDefault, MainForm().form.MousePointer());
 }
 
 }  // namespace

@@ -14,21 +14,22 @@
 #include "shell/frm_Main.h"
 #include "shell/frm_Msg.h"
 #include "shell/frm_Preview.h"
+#include "toolkit/desktop.h"
 
 namespace nimbrel {
 namespace {
 
 /// A page with one list, standing for the real ones.
 struct TestPage {
-  platform::Form form{"frm_Test"};
-  platform::PictureBox list{form, "lst_Test"};
+  toolkit::Form form{"frm_Test"};
+  toolkit::PictureBox list{form, "lst_Test"};
 };
 std::unique_ptr<TestPage> test_page;
-std::array<platform::Control*, 1> test_lists{};
+std::array<toolkit::Control*, 1> test_lists{};
 
 constexpr Page kTestPage{"frm_test", FormId::kFavorite,
-                         []() -> platform::Form& { return test_page->form; },
-                         [] { return std::span<platform::Control* const>(test_lists); }};
+                         []() -> toolkit::Form& { return test_page->form; },
+                         [] { return std::span<toolkit::Control* const>(test_lists); }};
 
 struct Navigation : testing::Test {
   Navigation() {
@@ -142,9 +143,9 @@ TEST_F(Navigation, CancelClearsWhatAnOkWouldHaveDone) {
 
 TEST_F(Navigation, HelpOpensTheManual) {
   static std::string opened;
-  platform::SetOpenListener([](std::string_view file) { opened = file; });
+  toolkit::SetOpenListener([](std::string_view file) { opened = file; });
   Press("frm_Main", "btn_Help");
-  platform::SetOpenListener(nullptr);
+  toolkit::SetOpenListener(nullptr);
   EXPECT_TRUE(opened.ends_with("Nimbrel Help.pdf")) << opened;
 }
 

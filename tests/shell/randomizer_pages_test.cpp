@@ -213,7 +213,7 @@ TEST_F(RandomizerPages, APreviewOpensOnTheOverviewAndClosesWithItsPage) {
 /// Leaves option 2 of every group as the only choice.
 void AllowLastOptionsOnly() {
   for (const OptionGroup& group : kOptionGroups) {
-    platform::ListBox& list = ListAt(group.family, static_cast<std::size_t>(group.index)).list;
+    toolkit::ListBox& list = ListAt(group.family, static_cast<std::size_t>(group.index)).list;
     list.SetSelected(0, false);
     list.SetSelected(1, false);
   }

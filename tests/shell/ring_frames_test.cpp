@@ -31,14 +31,14 @@ struct RingFrames : testing::Test {
   ShellWorld world;
 };
 
-platform::GpImage Chequered() {
+toolkit::GpImage Chequered() {
   const TempFolder folder;
   const auto file = folder / "chequered.bmp";
   WriteText(file, ColorBmp(40, 30, [](int x, int y) {
                     return static_cast<std::uint32_t>(x * 6 + y * 0x800 + (x + y) % 2 * 0xFF0000);
                   }).Bytes());
-  platform::GpImage image;
-  platform::GdipLoadImageFromFile(file.string(), image);
+  toolkit::GpImage image;
+  toolkit::GdipLoadImageFromFile(file.string(), image);
   return image;
 }
 
@@ -64,9 +64,9 @@ Difference Compare(const Surface& a, const Surface& b) {
 
 /// Only where two translucent colours meet a pixel may round otherwise, by a step.
 TEST_F(RingFrames, AReadyFrameShowsWhatIsDrawnPlainly) {
-  const platform::GpImage opaque = Chequered();
-  const platform::GpImage translucent = Chequered();
-  platform::GdipBitmapSetPixel(translucent, 3, 3, 0x80FF0000);
+  const toolkit::GpImage opaque = Chequered();
+  const toolkit::GpImage translucent = Chequered();
+  toolkit::GdipBitmapSetPixel(translucent, 3, 3, 0x80FF0000);
   for (const RingPage* page : {&CloudPage(), &WaterPage()}) {
     ASSERT_EQ(page->look.plan->orbit.size(), page->frames.size());
     for (std::size_t slot = 0; slot < page->frames.size(); ++slot) {
@@ -74,7 +74,7 @@ TEST_F(RingFrames, AReadyFrameShowsWhatIsDrawnPlainly) {
       const ReadyFrame& ready = page->frames[slot];
       const float radius = kCornerRadius[slot];
       for (const auto& [image, corners] :
-           {std::pair{opaque, 4}, {translucent, 0}, {platform::GpImage(), 0}}) {
+           {std::pair{opaque, 4}, {translucent, 0}, {toolkit::GpImage(), 0}}) {
         const Surface plain(kWidth, kHeight, 0x70A0D0);
         const Surface fast(kWidth, kHeight, 0x70A0D0);
         DrawFramedPicture(plain.hdc, PlaceOf(page->look.plan->orbit[slot]),
@@ -117,7 +117,7 @@ TEST_F(RingFrames, ClicksDuringATurnAreHandledAfterItAndNoneIsLost) {
   }
 }
 
-std::vector<std::uint8_t> Pixels(const platform::Form& form) { return form.hDC()->bitmap->bits; }
+std::vector<std::uint8_t> Pixels(const toolkit::Form& form) { return form.hDC()->bitmap->bits; }
 
 TEST_F(RingFrames, TextsOfAnyKindStayInTheirLabels) {
   Press("frm_Main", "btn_3d");
@@ -179,7 +179,7 @@ TEST_F(RingFrames, AGroupOfOneOptionStaysOnIt) {
 }
 
 TEST_F(RingFrames, AMissingPictureLeavesShadowAndBorderOnTheBackground) {
-  platform::Form& form = CloudPage().form;
+  toolkit::Form& form = CloudPage().form;
   form.Cls();
   const platform::ColorRef background = platform::GetPixel(form.hDC(), 298, 220);
   const auto shaded = [background](unsigned shift) {

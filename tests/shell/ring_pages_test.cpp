@@ -25,7 +25,7 @@ struct RingPages : testing::Test {
   ShellWorld world;
 };
 
-platform::ColorRef ColorAt(const platform::Form& form, int x, int y) {
+platform::ColorRef ColorAt(const toolkit::Form& form, int x, int y) {
   return platform::GetPixel(form.hDC(), x, y);
 }
 

@@ -12,9 +12,9 @@ namespace {
 
 TEST(KeyWhite, TakesPureOpaqueWhiteAlone) {
   struct Row {
-    platform::ARGB color;
+    toolkit::ARGB color;
     unsigned char alpha;
-    platform::ARGB keyed;
+    toolkit::ARGB keyed;
   };
   for (const Row& row : {Row{0xFFFFFFFF, 255, 0x00FFFFFF}, Row{0xFFFEFFFF, 255, 0xFFFEFFFF},
                          Row{0xFFFFFFFE, 255, 0xFFFFFFFE}, Row{0xFEFFFFFF, 255, 0xFFFFFFFF},
@@ -40,10 +40,10 @@ TEST(SkyMinis, LoadKeyedAndPassOverMissingOnes) {
   for (std::size_t i = 0; i < SkyMini.size(); ++i) {
     EXPECT_EQ(i == 0 || i == 2 || i == 13, SkyMini[i] != nullptr) << i;
   }
-  const std::array<platform::ARGB, 4> keyed{0x00FFFFFF, 0xFF123456, 0xFFFFFFFE, 0xFF000000};
+  const std::array<toolkit::ARGB, 4> keyed{0x00FFFFFF, 0xFF123456, 0xFFFFFFFE, 0xFF000000};
   for (int at = 0; at < 4; ++at) {
-    platform::ARGB color = 0;
-    platform::GdipBitmapGetPixel(SkyMini[13], at % 2, at / 2, color);
+    toolkit::ARGB color = 0;
+    toolkit::GdipBitmapGetPixel(SkyMini[13], at % 2, at / 2, color);
     EXPECT_EQ(keyed[static_cast<std::size_t>(at)], color) << at;
   }
   SkyMini.fill({});

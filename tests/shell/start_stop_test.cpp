@@ -3,7 +3,6 @@
 #include <QtTest>
 
 #include "ShellWorld.h"
-#include "platform/gdiplus.h"
 #include "settings/Selection.h"
 #include "settings/SettingsRecord.h"
 #include "settings/mod_Main.h"
@@ -12,6 +11,7 @@
 #include "shell/frm_Main.h"
 #include "shell/frm_Preview.h"
 #include "shell/frm_Splash.h"
+#include "toolkit/gdiplus.h"
 
 namespace nimbrel {
 namespace {
@@ -121,14 +121,14 @@ TEST_F(FailedStart, SaysWhyAndLeavesEveryStoredByte) {
 TEST_F(FailedStart, WithoutTheGraphicsLibraryTheSystemsOwnBoxSaysSo) {
   const ShellWorld world;
   const auto before = world.Files();
-  platform::SetGdiplusStartupStatus(platform::Status::GenericError);
+  toolkit::SetGdiplusStartupStatus(toolkit::Status::GenericError);
   EXPECT_EXIT(
       {
         const Answers answers;
         StartProgram();
       },
       ExitedWithCode(1), "Error loading GDI");
-  platform::SetGdiplusStartupStatus(platform::Status::Ok);
+  toolkit::SetGdiplusStartupStatus(toolkit::Status::Ok);
   EXPECT_EQ(kNothing, world.Changes(before));
 }
 

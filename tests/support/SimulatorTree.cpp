@@ -34,7 +34,7 @@ void ResetProgram() {
   HistoryEntries.clear();
   HistoryLastIndex = -1;
   const MainSwitches switches = Switches();
-  for (platform::CheckBox* box :
+  for (toolkit::CheckBox* box :
        {&switches.chk_Sun, &switches.chk_Contrails, &switches.chk_DXT, &switches.chk_Fast}) {
     box->SetValue(0);
   }

@@ -2,12 +2,12 @@
 
 #include <cstdlib>
 
-#include "platform/forms.h"
+#include "toolkit/forms.h"
 
 /// Every test has the toolkit at hand, on a screen that nobody sees.
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
   testing::InitGoogleTest(&argc, argv);
-  const platform::Application application(argc, argv);
+  const toolkit::Application application(argc, argv);
   return RUN_ALL_TESTS();
 }

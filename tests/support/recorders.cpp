@@ -14,11 +14,11 @@ std::int16_t MessageAnswer = 0;
 namespace {
 
 struct SwitchForm {
-  platform::Form form{"frm_Main"};
-  platform::CheckBox sun{form, "chk_Sun"};
-  platform::CheckBox contrails{form, "chk_Contrails"};
-  platform::CheckBox dxt{form, "chk_DXT"};
-  platform::CheckBox fast{form, "chk_Fast"};
+  toolkit::Form form{"frm_Main"};
+  toolkit::CheckBox sun{form, "chk_Sun"};
+  toolkit::CheckBox contrails{form, "chk_Contrails"};
+  toolkit::CheckBox dxt{form, "chk_DXT"};
+  toolkit::CheckBox fast{form, "chk_Fast"};
 };
 
 void TakePercent(double percent) {

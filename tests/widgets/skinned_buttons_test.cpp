@@ -43,9 +43,9 @@ class SkinnedButtonTest : public testing::Test {
     clicks.clear();
     action = nullptr;
     DispatchClick = Record;
-    form_ = std::make_unique<platform::Form>("frm_Test");
-    form_->SetWidth(platform::Twips(300));
-    form_->SetHeight(platform::Twips(150));
+    form_ = std::make_unique<toolkit::Form>("frm_Test");
+    form_->SetWidth(toolkit::Twips(300));
+    form_->SetHeight(toolkit::Twips(150));
     button_ = std::make_unique<StandardButton>(*form_, "btn_Test");
     SetUpButton(*button_, *form_, {20, 30, "Some_Type", "strip", "Click to do it."});
     form_->Show();
@@ -92,7 +92,7 @@ class SkinnedButtonTest : public testing::Test {
   }
 
   TempFolder folder_;
-  std::unique_ptr<platform::Form> form_;
+  std::unique_ptr<toolkit::Form> form_;
   std::unique_ptr<StandardButton> button_;
   QPoint at_ = kOutside;
   Qt::MouseButton held_ = Qt::LeftButton;
@@ -164,8 +164,8 @@ TEST_F(SkinnedButtonTest, KeepsItsSizeAndShowsTheFirstFrameAfterAResize) {
   button_->SetWidth(5000);
   button_->SetHeight(15);
   QApplication::processEvents();
-  EXPECT_EQ(platform::Twips(44), button_->Width());
-  EXPECT_EQ(platform::Twips(44), button_->Height());
+  EXPECT_EQ(toolkit::Twips(44), button_->Width());
+  EXPECT_EQ(toolkit::Twips(44), button_->Height());
   EXPECT_EQ(QColor(kFrameColors[0]), Pixel(kPlace + QPoint(1, 1)));
   EXPECT_EQ("disabled", button_->state());
 }

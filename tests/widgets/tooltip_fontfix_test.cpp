@@ -2,9 +2,9 @@
 
 #include <map>
 
-#include "platform/forms.h"
 #include "platform/gdi.h"
 #include "support/real_widgets.h"
+#include "toolkit/forms.h"
 #include "widgets/SkinnedButtons.h"
 #include "widgets/SmallFontFix.h"
 #include "widgets/cls_Tooltip.h"
@@ -13,7 +13,7 @@ namespace nimbrel {
 namespace {
 
 TEST(Tooltip, TimesAreClampedForTheCallerAndTheWindow) {
-  platform::Form form("frm_Tip");
+  toolkit::Form form("frm_Tip");
   cls_Tooltip tip;
   tip.Create(form.hWnd());
   for (const auto& [asked, kept] :
@@ -30,12 +30,12 @@ TEST(Tooltip, TimesAreClampedForTheCallerAndTheWindow) {
 }
 
 TEST(Tooltip, PropertiesWorkBeforeCreateAndAfterDestroy) {
-  platform::Form form("frm_Tip");
-  platform::Label label(form, "lbl_Tool");
+  toolkit::Form form("frm_Tip");
+  toolkit::Label label(form, "lbl_Tool");
   cls_Tooltip tip;
   EXPECT_EQ(300, tip.MaxWidth());
   tip.SetBackColor(2);
-  const platform::Font font;
+  const toolkit::Font font;
   tip.SetFont(&font);
   tip.Create(form.hWnd());
   tip.AddControl(label, "text");
@@ -60,11 +60,11 @@ class FontFix : public testing::Test {
     picture_.PlacePixels(50, 5, 100, 60);
     button_.SetLeft(1500);
   }
-  ~FontFix() override { platform::SetDeviceDpi(0); }
+  ~FontFix() override { toolkit::SetDeviceDpi(0); }
 
-  platform::Form form_{"frm_Fix"};
-  platform::Label label_{form_, "lbl"};
-  platform::PictureBox picture_{form_, "pic"};
+  toolkit::Form form_{"frm_Fix"};
+  toolkit::Label label_{form_, "lbl"};
+  toolkit::PictureBox picture_{form_, "pic"};
   StandardButton button_{form_, "btn"};
 };
 
@@ -79,7 +79,7 @@ TEST_F(FontFix, ChangesNothingAt96) {
 }
 
 TEST_F(FontFix, ScalesByFourFifthsAt120ButButtonsKeepTheirSize) {
-  platform::SetDeviceDpi(120);
+  toolkit::SetDeviceDpi(120);
   EXPECT_FALSE(IsSmallFonts());
   EXPECT_EQ(120, ScreenDpi);
   FixFormForFontSize(form_);
@@ -90,7 +90,7 @@ TEST_F(FontFix, ScalesByFourFifthsAt120ButButtonsKeepTheirSize) {
   EXPECT_FLOAT_EQ(9.6F, label_.GetFont().size);
   EXPECT_FLOAT_EQ(1200, picture_.Width());
   EXPECT_FLOAT_EQ(1200, button_.Left());
-  EXPECT_FLOAT_EQ(platform::Twips(44), button_.Width());
+  EXPECT_FLOAT_EQ(toolkit::Twips(44), button_.Width());
   EXPECT_EQ(QSize(44, 4 * 44), Widget("btn").findChild<QWidget*>("pic_BG")->size());
 }
 

@@ -21,8 +21,8 @@ constexpr int kHeight = 4;
 class TransFormTest : public testing::Test {
  protected:
   TransFormTest() : form_("frm_Shaped") {
-    form_.SetWidth(platform::Twips(kWidth));
-    form_.SetHeight(platform::Twips(kHeight));
+    form_.SetWidth(toolkit::Twips(kWidth));
+    form_.SetHeight(toolkit::Twips(kHeight));
     platform::SetApplicationFolder(folder_.string());
   }
   ~TransFormTest() override { platform::SetApplicationFolder(""); }
@@ -38,13 +38,13 @@ class TransFormTest : public testing::Test {
   std::string File(std::string_view name) const { return (folder_ / name).string(); }
 
   TempFolder folder_;
-  platform::Form form_;
+  toolkit::Form form_;
   clsTransForm shape_;
 };
 
-std::string Record(std::uint32_t count, std::vector<platform::Rect> rects) {
+std::string Record(std::uint32_t count, std::vector<toolkit::Rect> rects) {
   std::vector<std::uint32_t> words = {32, 1, count, count * 16, 0, 0, 8, 4};
-  for (const platform::Rect& rect : rects) {
+  for (const toolkit::Rect& rect : rects) {
     for (const int side : {rect.left, rect.top, rect.right, rect.bottom}) {
       words.push_back(static_cast<std::uint32_t>(side));
     }
@@ -57,7 +57,7 @@ std::string Record(std::uint32_t count, std::vector<platform::Rect> rects) {
 /// The pixels of the region in a file, drawn as letters; '.' lies inside.
 std::string Outline(const std::string& file) {
   const std::string bytes = ReadText(file);
-  const platform::HRGN region = platform::ExtCreateRegion(std::as_bytes(std::span(bytes)));
+  const toolkit::HRGN region = toolkit::ExtCreateRegion(std::as_bytes(std::span(bytes)));
   std::string rows;
   for (int i = 0; region && i < kWidth * kHeight; ++i) {
     rows += region->Contains(i % kWidth, i / kWidth) ? '.' : '#';
@@ -143,14 +143,14 @@ TEST_F(TransFormTest, SavingWhereNoFolderIsRaises) {
 
 TEST_F(TransFormTest, DragWithAnotherButtonOnlyResetsThePointer) {
   DraggedForm = &form_;
-  form_.SetMousePointer(platform::kPointerCustom);
+  form_.SetMousePointer(toolkit::kPointerCustom);
   const float left = form_.Left();
-  clsTransForm::DragForm(form_.hWnd(), platform::kRightButton);
+  clsTransForm::DragForm(form_.hWnd(), toolkit::kRightButton);
   EXPECT_EQ(left, form_.Left());
-  EXPECT_EQ(platform::kPointerDefault, form_.MousePointer());
-  form_.SetMousePointer(platform::kPointerHourglass);
-  clsTransForm::DragForm(form_.hWnd(), platform::kRightButton);
-  EXPECT_EQ(platform::kPointerHourglass, form_.MousePointer());
+  EXPECT_EQ(toolkit::kPointerDefault, form_.MousePointer());
+  form_.SetMousePointer(toolkit::kPointerHourglass);
+  clsTransForm::DragForm(form_.hWnd(), toolkit::kRightButton);
+  EXPECT_EQ(toolkit::kPointerHourglass, form_.MousePointer());
   DraggedForm = nullptr;
 }
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QCursor>
+
+#include "toolkit/forms.h"
+
+namespace toolkit {
+
+struct CursorPicture {
+  QCursor cursor;
+};
+
+}  // namespace toolkit
