@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <system_error>
 
 namespace bench {
@@ -23,6 +24,17 @@ bool Report(const Figure& figure) {
   }
   std::fflush(stdout);
   return figure.bound <= 0 || ratio <= figure.bound;
+}
+
+void WriteNoise(const std::filesystem::path& file, std::size_t bytes) {
+  std::string noise(bytes, '\0');
+  unsigned state = 1;
+  for (char& byte : noise) {
+    state = state * 1664525U + 1013904223U;
+    byte = static_cast<char>(state >> 24U);
+  }
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary) << noise;
 }
 
 WorkFolder::WorkFolder(const std::filesystem::path& parent) {

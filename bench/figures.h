@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -29,12 +30,14 @@ struct Figure {
 };
 
 /// Prints the figure as one line of its own on stdout: name, ours, beside, ratio and bound, with
-/// tabs between them. Everything else that a benchmark says goes to stderr. Whether the bound
+/// tabs between them. Everything else that a benchmark prints goes to stderr. True if the bound
 /// holds.
 bool Report(const Figure& figure);
 
-/// A new empty folder that is the program's, gone with its content at the end. Ends the process
-/// when it can't be made.
+/// Writes a file of so many bytes that no file system can squeeze, making its folders.
+void WriteNoise(const std::filesystem::path& file, std::size_t bytes);
+
+/// A new empty folder, gone with its content at the end. Ends the process if it can't be made.
 class WorkFolder {
  public:
   /// Below `parent`, or among the system's temporary files when that is empty.

@@ -2,23 +2,20 @@
 // times the favourites. Ends with failure when ten times the work costs more than twelve times the
 // time.
 
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include "figures.h"
-#include "history/mod_Favorites.h"
-#include "install/CopyFailures.h"
+#include "history/FavoriteStore.h"
+#include "install/CopyPlan.h"
+#include "install/Report.h"
 #include "install/mod_CopyFiles.h"
-#include "platform/system.h"
-#include "settings/Catalogue.h"
-#include "settings/Functions_Configuration.h"
-#include "toolkit/forms.h"
+#include "platform/FileSystem.h"
+#include "support/QuietProgress.h"
+#include "support/World.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
@@ -27,21 +24,19 @@ namespace {
 
 constexpr int kRounds = 9;
 constexpr int kFavoriteRounds = 51;
-constexpr double kMostRatio = 12;
+constexpr double kMaxRatio = 12;
 constexpr int kTimes = 10;  // what the larger work is to the smaller one
 constexpr std::size_t kKiB = 1024;
 
-/// An option of the wave heights, whose sets are copied without a progress bar.
+/// A set of wave heights.
 struct Set {
   std::int16_t option;
-  const char* folder;
   int files;
   std::size_t bytes;  ///< of each file
 };
-constexpr Set kOne{0, "One", 10, 100 * kKiB};
-constexpr Set kMore{1, "More", 100, 100 * kKiB};
-constexpr Set kLarger{2, "Larger", 10, 1000 * kKiB};
-constexpr Set kSets[] = {kOne, kMore, kLarger};
+constexpr Set kOne{0, 10, 100 * kKiB};
+constexpr Set kMore{1, 100, 100 * kKiB};
+constexpr Set kLarger{2, 10, 1000 * kKiB};
 
 /// The smaller work ten times over, so that both sides last as long and are interrupted alike.
 template <class Work>
@@ -54,107 +49,91 @@ double TenfoldTenth(Work work) {
          kTimes;
 }
 
-void WriteSet(const Set& set) {
-  const fs::path folder = fs::path(platform::ApplicationFolder()) / "Sets" / set.folder;
-  fs::create_directories(folder);
-  std::string bytes(set.bytes, '\0');
-  unsigned state = 1;
-  for (int i = 0; i < set.files; ++i) {
-    for (char& byte : bytes) {
-      state = state * 1664525U + 1013904223U;
-      byte = static_cast<char>(state >> 24U);
+/// Copies sets of one simulator and counts what fails.
+class Copying {
+ public:
+  Copying() : catalogue_(world_.Load(InformationText(2))) {
+    world_.MakeFolders();
+    for (const Set& set : {kOne, kMore, kLarger}) {
+      const std::string folder = "Sets/waves." + std::to_string(set.option);
+      for (int i = 0; i < set.files; ++i) {
+        bench::WriteNoise(world_.Program(folder) / (std::to_string(i) + ".bmp"), set.bytes);
+      }
     }
-    std::ofstream(folder / (set.folder + std::to_string(i) + ".bmp"), std::ios::binary) << bytes;
   }
-}
 
-void FillCatalogue() {
-  constexpr std::int16_t kWaves = 2;
-  CatalogueTable& table = Catalogue.Tables[static_cast<std::size_t>(kWater)];
-  table.Create(kWaves + 1, static_cast<std::int16_t>(std::size(kSets) - 1));
-  for (const Set& set : kSets) {
-    WriteSet(set);
-    table.Cell(kWaves, set.option)->Textures = std::string("Sets\\") + set.folder;
+  bool Holds(const char* what, const Set& large) {
+    std::vector<double> ones;
+    std::vector<double> larges;
+    Copy(kOne);  // every round finds old files in place
+    Copy(large);
+    for (int round = 0; round < kRounds; ++round) {
+      ones.push_back(TenfoldTenth([this] { Copy(kOne); }));
+      larges.push_back(bench::Milliseconds([&] { Copy(large); }));
+    }
+    return bench::Report({what, bench::Median(larges), bench::Median(ones),
+                          "for a set of 10 files of 100 KiB", kMaxRatio});
   }
-  Catalogue.DestinationWaves = "Waves";
-}
 
-double TimeCopy(const Set& set) {
-  return bench::Milliseconds([&set] { CopyWavesSet(set.option); });
-}
+  bool Whole() const { return report_.Whole() && report_.files > 0; }
 
-bool CopyingHolds(const char* what, const Set& large) {
-  std::vector<double> ones;
-  std::vector<double> larges;
-  TimeCopy(kOne);  // every round finds old files in place
-  TimeCopy(large);
-  for (int round = 0; round < kRounds; ++round) {
-    ones.push_back(TenfoldTenth([] { TimeCopy(kOne); }));
-    larges.push_back(TimeCopy(large));
+ private:
+  void Copy(const Set& set) {
+    const Folders folders = world_.folders();
+    platform::FileSystem files(kTemporaryPrefix);
+    const CopyRoutes routes(catalogue_, folders, files);
+    QuietProgress progress;
+    CopyRun run{routes, folders, files, report_, progress};
+    CopyWavesSet(run, set.option);
   }
-  return bench::Report({what, bench::Median(larges), bench::Median(ones),
-                        "for a set of 10 files of 100 KiB", kMostRatio});
-}
 
-void WriteFavorites(const fs::path& program, int count) {
-  fs::create_directories(program / "Favorites");
+  World world_;
+  Catalogue catalogue_;
+  Report report_;
+};
+
+void WriteFavorites(const World& world, int count) {
+  world.MakeFolders();
   for (int i = 0; i < count; ++i) {
-    const auto bytes = EncodeFavorite({"Evening " + std::to_string(i), "What it is good for", {}});
-    std::ofstream(program / "Favorites" / (std::to_string(i) + ".nbf"), std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), kFavoriteBytes);
+    WriteFavoriteFile(FavoritePath("Evening " + std::to_string(i), world.folders()),
+                      {"Evening", "What it is good for", {}});
   }
-}
-
-/// Of the programs in these folders, one after the other.
-double TimeFavorites(const std::vector<fs::path>& programs) {
-  return bench::Milliseconds([&programs] {
-    for (const fs::path& program : programs) {
-      platform::SetApplicationFolder(program.string());
-      ReadFavorites();
-    }
-  });
 }
 
 /// One program with 1,000 and ten with 100 each, turn by turn: as many files on both sides, so that
 /// the memory that holds them is as near.
-bool FavoritesHold(const fs::path& root) {
+bool FavoritesHold() {
   constexpr int kFew = 100;
-  const std::vector<fs::path> large{root / "Many"};
-  WriteFavorites(large.front(), kTimes * kFew);
-  std::vector<fs::path> small;
-  for (int i = 0; i < kTimes; ++i) {
-    small.push_back(root / ("Few" + std::to_string(i)));
-    WriteFavorites(small.back(), kFew);
+  const World large;
+  WriteFavorites(large, kTimes * kFew);
+  const std::vector<World> small(kTimes);
+  for (const World& world : small) {
+    WriteFavorites(world, kFew);
   }
   std::vector<double> few;
   std::vector<double> many;
   for (int round = 0; round < kFavoriteRounds; ++round) {
-    few.push_back(TimeFavorites(small) / kTimes);
-    many.push_back(TimeFavorites(large));
+    few.push_back(bench::Milliseconds([&small] {
+                    for (const World& world : small) {
+                      ReadFavoriteFiles(world.folders());
+                    }
+                  }) /
+                  kTimes);
+    many.push_back(bench::Milliseconds([&large] { ReadFavoriteFiles(large.folders()); }));
   }
   return bench::Report(
-      {"Reading 1,000 favourites", bench::Median(many), bench::Median(few), "for 100", kMostRatio});
+      {"Reading 1,000 favourites", bench::Median(many), bench::Median(few), "for 100", kMaxRatio});
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const toolkit::Application application(argc, argv);
-  const bench::WorkFolder folder;
-  platform::SetApplicationFolder((folder.path() / "Modules/Nimbrel").string());
-  SimulatorRoot = platform::ApplicationFolder() + "\\..\\..\\";
-  fs::create_directories(folder.path() / "Waves");
-  FillCatalogue();
-  const bool more = CopyingHolds("Copying a set of 100 files of 100 KiB", kMore);
-  const bool larger = CopyingHolds("Copying a set of 10 files of 1,000 KiB", kLarger);
-  const bool favorites = FavoritesHold(folder.path());
-  if (!fs::exists(folder.path() / "Waves/Larger9.bmp")) {
-    std::fprintf(stderr, "nothing was copied\n");
-    return EXIT_FAILURE;
-  }
-  if (!CopyFailures.empty()) {
-    std::fprintf(stderr, "%zu files could not be put in place\n", CopyFailures.size());
+int main() {
+  Copying copying;
+  const bool more = copying.Holds("Copying a set of 100 files of 100 KiB", kMore);
+  const bool larger = copying.Holds("Copying a set of 10 files of 1,000 KiB", kLarger);
+  const bool favorites = FavoritesHold();
+  if (!copying.Whole()) {
+    std::fprintf(stderr, "a file could not be put in place\n");
     return EXIT_FAILURE;
   }
   return more && larger && favorites ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -1,7 +1,7 @@
 // What the pages with long lists cost, inside the real window: 1,000 favourites listed and shown
 // beside a bare loop that reads the same files; a randomizer page of 4 x 1,000 options opened
 // beside one of 4 x 100; a click on a row of such a page while the other pages hold 1,000 options
-// in each group beside the same click while they hold 10. Ends with failure when a bound is passed.
+// in each group beside the same click while they hold 10. Fails if a bound is passed.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -17,29 +17,27 @@
 #include <vector>
 
 #include "figures.h"
-#include "history/frm_Favorite.h"
-#include "history/mod_Favorites.h"
-#include "platform/system.h"
-#include "randomizer/frm_RandomizerConstraints.h"
-#include "settings/Catalogue.h"
-#include "settings/mod_Main.h"
+#include "history/FavoriteStore.h"
+#include "settings/SettingsRecord.h"
 #include "shell/Pages.h"
-#include "shell/RefreshMainPage.h"
-#include "shell/frm_Main.h"
+#include "shell/State.h"
+#include "shell/mod_Favorites.h"
+#include "shell/mod_Misc.h"
+#include "shell/pages/ConstraintPage.h"
+#include "shell/pages/frm_Favorite.h"
+#include "shell/pages/frm_Main.h"
+#include "shell/painting/Pictures.h"
 #include "toolkit/forms.h"
-
-// What the shell asks of the layer above it.
-[[noreturn]] void nimbrel::ShutDownProgram() { std::_Exit(EXIT_FAILURE); }
 
 namespace nimbrel {
 namespace {
 
 constexpr int kRounds = 21;
 constexpr int kFavorites = 1000;
-constexpr double kMostListRatio = 3;
-constexpr double kMostOpenRatio = 12;
-/// Equal but for what the machine does beside it.
-constexpr double kMostClickRatio = 1.2;
+constexpr double kMaxListRatio = 3;
+constexpr double kMaxOpenRatio = 12;
+/// Equal except for what the machine does meanwhile.
+constexpr double kMaxClickRatio = 1.2;
 
 std::vector<std::string> WriteFavorites(const std::filesystem::path& folder) {
   std::filesystem::create_directories(folder);
@@ -47,7 +45,7 @@ std::vector<std::string> WriteFavorites(const std::filesystem::path& folder) {
   for (int i = 0; i < kFavorites; ++i) {
     const std::string number = std::to_string(i * 7919 % kFavorites);
     FavoriteRecord favorite{"Evening " + number, "What " + number + " is good for", {}};
-    favorite.Settings.Solid = static_cast<std::int16_t>(i % 10);
+    favorite.Settings.choice.option[Group::kSolid] = static_cast<std::int16_t>(i % 10);
     const auto bytes = EncodeFavorite(favorite);
     files.push_back((folder / ("Evening_" + number + ".nbf")).string());
     std::ofstream(files.back(), std::ios::binary)
@@ -67,16 +65,10 @@ void ReadBare(const std::vector<std::string>& files) {
   }
 }
 
-/// The other pages stay loaded; this one alone is in the main window.
-void Show(toolkit::Form& form, const char* name) {
-  ShowPage(form);
-  CurrentPage = name;
-  toolkit::DoEvents();
-}
-
 bool FavoritesHold() {
-  const auto files = WriteFavorites(platform::ApplicationFolder() + "/Favorites");
-  Show(FavoritePage().form, "frm_Favorite");
+  const auto files = WriteFavorites(ui.folders.program + "/Favorites");
+  OpenPage("favorite");
+  toolkit::DoEvents();
   std::vector<double> ours;
   std::vector<double> bare;
   for (int round = 0; round < kRounds; ++round) {
@@ -86,45 +78,36 @@ bool FavoritesHold() {
       toolkit::DoEvents();
     }));
   }
-  if (FavoritePage().lst_Favorites.ListCount() != kFavorites) {
+  if (Loaded(ui.forms.favorites).lst_Favorites.ListCount() != kFavorites) {
     std::fprintf(stderr, "favourites are missing\n");
     return false;
   }
   return bench::Report({"1,000 favourites listed and shown", bench::Median(ours),
-                        bench::Median(bare), "for a bare loop over the files", kMostListRatio});
+                        bench::Median(bare), "for a bare loop over the files", kMaxListRatio});
 }
 
-void FillFamily(std::int16_t family, std::int16_t options) {
-  const auto highest = static_cast<std::int16_t>(options - 1);
-  CatalogueTable& table = Catalogue.Tables[static_cast<std::size_t>(family)];
-  table.Create(kMostGroups, highest);
-  for (const OptionGroup& group : kOptionGroups) {
-    if (group.family == family) {
-      Catalogue
-          .HighestIndex[static_cast<std::size_t>(family)][static_cast<std::size_t>(group.index)] =
-          highest;
-      for (std::int16_t option = 0; option < options; ++option) {
-        table.Cell(group.index, option)->Title =
-            "Clouds " + std::to_string(option * 7919 % options) + " over the coast";
-      }
+void FillFamily(Family family, int options) {
+  for (const GroupFacts& facts : GroupsOf(family)) {
+    auto& rows = ui.catalogue.options[facts.group];
+    rows.assign(static_cast<std::size_t>(options), {});
+    for (int option = 0; option < options; ++option) {
+      rows[static_cast<std::size_t>(option)].Title =
+          "Clouds " + std::to_string(option * 7919 % options) + " over the coast";
     }
   }
 }
 
 void LeaveRandomizer() {
-  HidePage(CurrentPage);
-  CurrentPage = "frm_Main";
-  for (const std::int16_t family : {kCloud, kSky, kWater}) {
-    ReleaseRandomizerPage(family);
-  }
+  ShowMainPage();
+  ui.forms.constraints = {};
   toolkit::DoEvents();
 }
 
-double TimeOpening(std::int16_t options) {
+double TimeOpening(int options) {
   LeaveRandomizer();
-  FillFamily(kCloud, options);
+  FillFamily(Family::kCloud, options);
   return bench::Milliseconds([] {
-    OpenRandomizerTab(RandomizerTab::kCloudsTab);
+    OpenPage("randomizer_cloud");
     toolkit::DoEvents();
   });
 }
@@ -137,7 +120,7 @@ bool OpeningHolds() {
     large.push_back(TimeOpening(1000));
   }
   return bench::Report({"A randomizer page of 4 x 1,000 options opened", bench::Median(large),
-                        bench::Median(small), "for 4 x 100 options", kMostOpenRatio});
+                        bench::Median(small), "for 4 x 100 options", kMaxOpenRatio});
 }
 
 QListWidget& ListWidget(const char* name) {
@@ -166,14 +149,14 @@ double TimeClick(QListWidget& list) {
 }
 
 /// On a cloud page of 4 x 100 options.
-void TimeClicks(std::int16_t options_elsewhere, std::vector<double>& times) {
+void TimeClicks(int options_elsewhere, std::vector<double>& times) {
   LeaveRandomizer();
-  FillFamily(kCloud, 100);
-  for (const std::int16_t family : {kSky, kWater}) {
+  FillFamily(Family::kCloud, 100);
+  for (const Family family : {Family::kSky, Family::kWater}) {
     FillFamily(family, options_elsewhere);
-    RandomizerPage(family);
+    Loaded(ui.forms.constraints[family], family);
   }
-  OpenRandomizerTab(RandomizerTab::kCloudsTab);
+  OpenPage("randomizer_cloud");
   toolkit::DoEvents();
   QListWidget& list = ListWidget("lst_Solid");
   TimeClick(list);
@@ -195,14 +178,14 @@ bool ClicksHold() {
   }
   return bench::Report({"A click on a row, other pages with 1,000 options in each group",
                         bench::Median(many), bench::Median(few), "with 10 options",
-                        kMostClickRatio});
+                        kMaxClickRatio});
 }
 
 }  // namespace
 
 bool PagesHold() {
   RefreshMainPage();
-  MainForm().form.Show();
+  Loaded(ui.forms.main).form.Show();
   toolkit::DoEvents();
   const bool favorites = FavoritesHold();
   const bool opening = OpeningHolds();
@@ -218,7 +201,9 @@ int main(int argc, char** argv) {
   bool held = false;
   {
     const bench::WorkFolder folder;
-    platform::SetApplicationFolder(folder.path().string());
+    nimbrel::ui.folders.program = folder.path().string();
+    nimbrel::ui.pictures =
+        std::make_shared<nimbrel::Pictures>(nimbrel::ui.catalogue, nimbrel::ui.folders);
     held = nimbrel::PagesHold();
   }
   _exit(held ? EXIT_SUCCESS : EXIT_FAILURE);  // the windows would outlive the toolkit

@@ -1,8 +1,8 @@
 // What the rings cost: a frame of the cloud ring (four pictures of 400 by 300 scaled into their
 // slots, with shadows and outlines) beside a bare loop of the same four scaled draws; a whole turn
 // of the cloud and of the water ring, from the button's release to the final picture, beside its
-// waits; and what 1,000 turns leave behind, or as many as the argument says. Ends with failure when
-// a bound is passed.
+// waits; and what remains of 1,000 turns, or as many as the argument says. Fails if a bound is
+// passed.
 
 #include <fcntl.h>
 #include <malloc.h>
@@ -14,22 +14,21 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWidget>
-#include <array>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
 
 #include "figures.h"
-#include "settings/Catalogue.h"
-#include "settings/Selection.h"
-#include "settings/mod_Main.h"
 #include "shell/Pages.h"
-#include "shell/RefreshMainPage.h"
-#include "shell/RingActions.h"
-#include "shell/RingPage.h"
-#include "shell/frm_Main.h"
-#include "shell/mod_GDIP_Rings.h"
+#include "shell/State.h"
+#include "shell/dispatch.h"
+#include "shell/mod_Misc.h"
+#include "shell/pages/frm_Main.h"
+#include "shell/painting/Pictures.h"
+#include "shell/rings/RingActions.h"
+#include "shell/rings/RingPage.h"
+#include "shell/rings/RingPainting.h"
 #include "toolkit/forms.h"
 
 namespace {
@@ -49,21 +48,17 @@ extern "C" int open64(const char* path, int flags, ...) {
   return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
-// What the shell asks of the layer above it.
-[[noreturn]] void nimbrel::ShutDownProgram() { std::_Exit(EXIT_FAILURE); }
-
 namespace {
 
-using nimbrel::TurnDirection;
+using namespace nimbrel;
 
 constexpr int kFrameRounds = 200;
 constexpr int kTurnRounds = 20;
 constexpr int kManyTurns = 1000;
-constexpr double kMostFrame = 6.0;  // milliseconds
-constexpr double kMostFrameRatio = 1.5;
-constexpr double kMostTurnRatio = 1.10;
+constexpr double kMaxFrame = 6.0;  // milliseconds
+constexpr double kMaxFrameRatio = 1.5;
+constexpr double kMaxTurnRatio = 1.10;
 constexpr double kWaits = 5 * 25.0;  // milliseconds
-constexpr std::array<int, 4> kSlots{5, 10, 15, 0};
 
 QImage MakePicture(int group) {
   QImage picture(400, 300, QImage::Format_RGB32);
@@ -75,39 +70,40 @@ QImage MakePicture(int group) {
   return picture;
 }
 
+/// One option in each cloud and water group. The pictures of the cloud groups.
 std::vector<QImage> FillCatalogue(const std::filesystem::path& folder) {
   std::vector<QImage> pictures;
-  for (const auto& [family, groups] : {std::pair{nimbrel::kCloud, 4}, {nimbrel::kWater, 3}}) {
-    auto& table = nimbrel::Catalogue.Tables[static_cast<std::size_t>(family)];
-    table.Create(static_cast<std::size_t>(groups), 0);
-    for (int group = 0; group < groups; ++group) {
-      const auto file = folder / ("picture" + std::to_string(group) + ".bmp");
-      MakePicture(group).save(QString::fromStdString(file.string()));
-      toolkit::GdipLoadImageFromFile(file.string(),
-                                     table.Cell(static_cast<std::int16_t>(group), 0)->Preview);
+  for (const GroupFacts& facts : kGroups) {
+    if (facts.family != Family::kSky) {
+      const auto file = folder / (std::string(facts.prefix) + ".bmp");
+      MakePicture(IndexInFamily(facts.group)).save(QString::fromStdString(file.string()));
+      ui.catalogue.options[facts.group].emplace_back().Preview = facts.prefix;
       pictures.emplace_back(QString::fromStdString(file.string()));
     }
   }
+  ui.folders.program = folder.string();
+  ui.pictures = std::make_shared<Pictures>(ui.catalogue, ui.folders);
   pictures.resize(4);
   return pictures;
 }
 
-void DrawOurFrame(nimbrel::RingPage& page) {
-  for (std::int16_t group = 0; group < 4; ++group) {
-    nimbrel::DrawRingPicture(page, kSlots[static_cast<std::size_t>(group)], {group, 0});
+void DrawOurFrame(RingPage& page) {
+  for (const auto& [follower, slot] : kRingPlans[Family::kCloud].rest) {
+    DrawRingPicture(page, slot, {GroupAt(Family::kCloud, follower), 0});
   }
 }
 
 void DrawBareFrame(QImage& surface, const std::vector<QImage>& pictures) {
   QPainter painter(&surface);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  for (std::size_t group = 0; group < pictures.size(); ++group) {
-    const auto& slot = nimbrel::CloudOrbit[static_cast<std::size_t>(kSlots[group])];
-    painter.drawImage(QRect(slot.left, slot.top, slot.width, slot.height), pictures[group]);
+  for (const auto& [follower, slot] : kRingPlans[Family::kCloud].rest) {
+    const OrbitSlot& place = CloudOrbit[static_cast<std::size_t>(slot)];
+    painter.drawImage(QRect(place.left, place.top, place.width, place.height),
+                      pictures[static_cast<std::size_t>(follower)]);
   }
 }
 
-bool FramesHold(nimbrel::RingPage& page, const std::vector<QImage>& pictures) {
+bool FramesHold(RingPage& page, const std::vector<QImage>& pictures) {
   QImage surface(596, 450, QImage::Format_RGB32);
   std::vector<double> ours;
   std::vector<double> bare;
@@ -116,9 +112,9 @@ bool FramesHold(nimbrel::RingPage& page, const std::vector<QImage>& pictures) {
     bare.push_back(bench::Milliseconds([&] { DrawBareFrame(surface, pictures); }));
   }
   const double frame = bench::Median(ours);
-  const bool quick = bench::Report({"A cloud ring frame", frame, kMostFrame, "allowed", 1});
+  const bool quick = bench::Report({"A cloud ring frame", frame, kMaxFrame, "allowed", 1});
   return bench::Report({"A cloud ring frame", frame, bench::Median(bare),
-                        "for the same four scaled draws", kMostFrameRatio}) &&
+                        "for the same four scaled draws", kMaxFrameRatio}) &&
          quick;
 }
 
@@ -152,16 +148,16 @@ bool TurnsHold(const char* figure, const char* form, const std::int16_t& front) 
       return false;
     }
   }
-  return bench::Report({figure, bench::Median(turns), kWaits, "of waits in it", kMostTurnRatio});
+  return bench::Report({figure, bench::Median(turns), kWaits, "of waits in it", kMaxTurnRatio});
 }
 
 bool NothingStays(int turns) {
-  nimbrel::TurnCloudRing(TurnDirection::kClockwise);
+  TurnRing(Family::kCloud, TurnDirection::kClockwise);
   const std::size_t held = mallinfo2().uordblks;
   const long opened = opened_files;
   for (int turn = 0; turn < turns; ++turn) {
-    nimbrel::TurnCloudRing(turn % 2 == 0 ? TurnDirection::kClockwise
-                                         : TurnDirection::kCounterclockwise);
+    TurnRing(Family::kCloud,
+             turn % 2 == 0 ? TurnDirection::kClockwise : TurnDirection::kCounterclockwise);
   }
   const auto grown = static_cast<long>(mallinfo2().uordblks) - static_cast<long>(held);
   std::fprintf(stderr, "%d turns: %ld files opened, %ld bytes more held\n", turns,
@@ -172,18 +168,18 @@ bool NothingStays(int turns) {
 bool RingsHold(int turns) {
   const bench::WorkFolder folder;
   const std::vector<QImage> pictures = FillCatalogue(folder.path());
-  nimbrel::DispatchClick = nimbrel::RunClick;
-  nimbrel::RefreshMainPage();
-  nimbrel::MainForm().form.Show();
-  nimbrel::ShowPage(nimbrel::WaterPage().form);
-  nimbrel::DrawWaterPage();
-  const bool water = TurnsHold("A turn of the water ring", "frm_Water", nimbrel::WaterFrontGroup);
-  nimbrel::RingPage& page = nimbrel::CloudPage();
-  nimbrel::ShowPage(page.form);
-  nimbrel::DrawCloudPage();
+  ui.buttons.dispatch = RunClick;
+  RefreshMainPage();
+  Loaded(ui.forms.main).form.Show();
+  ShowPage(RingPageOf(Family::kWater).form);
+  DrawAtRest(Family::kWater);
+  const bool water = TurnsHold("A turn of the water ring", "frm_Water", ui.WaterFrontGroup);
+  RingPage& page = RingPageOf(Family::kCloud);
+  ShowPage(page.form);
+  DrawAtRest(Family::kCloud);
   const bool counts = opened_files > 0;  // else the count of turns would prove nothing
   const bool frames = FramesHold(page, pictures);
-  const bool cloud = TurnsHold("A turn of the cloud ring", "frm_3d", nimbrel::CloudFrontGroup);
+  const bool cloud = TurnsHold("A turn of the cloud ring", "frm_3d", ui.CloudFrontGroup);
   return NothingStays(turns) && frames && cloud && water && counts;
 }
 

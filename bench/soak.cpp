@@ -60,75 +60,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kOptions = 3;
-constexpr double kMostGrowth = 1.0;  // MiB
-
-void WriteFile(const fs::path& file, const std::string& bytes) {
-  fs::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << bytes;
-}
-
-std::string Picture(int side, std::uint32_t seed) {
-  return ColorBmp(side, side,
-                  [seed](int x, int y) {
-                    return (static_cast<std::uint32_t>(x * 7 + y * 131) + seed * 40503U) &
-                           0xFFFFFFU;
-                  })
-      .Bytes();
-}
-
-/// The set of one option: two files to copy, or for the three cloud inputs the pair of bitmaps.
-void WriteSet(const fs::path& set, const nimbrel::OptionGroup& group, std::uint32_t seed) {
-  if (group.family == nimbrel::kCloud && group.index < 3) {
-    constexpr int kFastSide = 256;
-    WriteFile(set.string() + "_Fast.bmp", Picture(kFastSide, seed));
-    WriteFile(set.string() + "_a_Fast.bmp", GreyBmp(kFastSide, kFastSide, false, [](int x, int y) {
-                                              return static_cast<std::uint32_t>((x ^ y) & 0xFF);
-                                            }).Bytes());
-    return;
-  }
-  for (const char* part : {"_a.bmp", "_b.bmp"}) {
-    WriteFile(set / (std::string(group.prefix) + part), Picture(16, seed));
-  }
-}
-
-std::string WriteOption(const fs::path& program, const nimbrel::OptionGroup& group, int option) {
-  const std::string name = group.prefix + std::to_string(option);
-  const auto seed = static_cast<std::uint32_t>(std::hash<std::string>{}(name));
-  WriteFile(program / "Media/Screen Shots" / (name + ".bmp"), Picture(100, seed));
-  WriteSet(program / "Sets" / name, group, seed);
-  const std::string prefix = group.prefix;
-  const std::string end = "." + std::to_string(option) + "=";
-  return prefix + "Preview" + end + "Media\\Screen Shots\\" + name + "\n" + prefix + "Textures" +
-         end + "Sets\\" + name + "\n" + prefix + "Title" + end + name + "\n" + prefix +
-         "InhibitRandomizer" + end + "0\n";
-}
-
-void WriteSimulator(const fs::path& root, const fs::path& program) {
-  for (const char* folder : {"Texture", "Waves", "Effects"}) {
-    fs::create_directories(root / folder);
-  }
-  fs::create_directories(program / "Favorites");
-  fs::create_directories(program / "Data");
-  constexpr const char* kFamilyKeys[] = {
-      "Destination=Texture\\cumulus01.bmp\nDestinationCirrus=Texture\n",
-      "Destination=Texture\nsunInhibitRandomizer=0\ncontrailsInhibitRandomizer=0\n",
-      "DestinationWater=Texture\nDestinationWaves=Waves\n"};
-  std::string text = "[Main]\nuseDXT=1\nuseLowRes=1\n";
-  for (std::size_t family = 0; family < nimbrel::kFamilies; ++family) {
-    text += std::string("[") + nimbrel::kFamilySections[family] + "]\n" + kFamilyKeys[family];
-    for (const nimbrel::OptionGroup& group : nimbrel::kOptionGroups) {
-      if (static_cast<std::size_t>(group.family) != family) {
-        continue;
-      }
-      text += std::string(group.highest_key) + "=" + std::to_string(kOptions - 1) + "\n";
-      for (int option = 0; option < kOptions; ++option) {
-        text += WriteOption(program, group, option);
-      }
-    }
-  }
-  WriteFile(program / "NB_Information.cfg", text);
-}
+constexpr double kMaxGrowth = 1.0;  // MiB
 
 /// The form's control of that name; the process ends when there is none.
 QWidget& Find(const char* form, const char* control) {
@@ -247,7 +179,7 @@ bool Soak(const char* name, long times, void (*work)(long)) {
               name, first.resident, last.resident, first.handles, last.handles, first.widgets,
               last.widgets);
   std::fflush(stdout);
-  return last.resident <= first.resident + kMostGrowth && last.handles <= first.handles &&
+  return last.resident <= first.resident + kMaxGrowth && last.handles <= first.handles &&
          last.widgets <= first.widgets;
 }
 
@@ -262,10 +194,12 @@ int main(int argc, char** argv) {
   const toolkit::Application application(argc, argv);
   bool flat = true;
   {
-    const bench::WorkFolder folder;
-    const fs::path program = folder.path() / "Modules" / "Nimbrel";
-    WriteSimulator(folder.path(), program);
-    platform::SetApplicationFolder(program.string());
+    const World world;
+    world.MakeFolders();
+    WritePack(world.Program(), 2);
+    WriteCloudInputs(world.Program(), 2);
+    world.WriteInformation(With(InformationText(2), "useLowRes=0", "useLowRes=1"));
+    nimbrel::ui.folders = world.folders();
     nimbrel::StartProgram();
     toolkit::DoEvents();
     flat = Soak("page changes", Times(argc, argv, 3, 10000), ChangePage) && flat;

@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "figures.h"
+#include "platform/FileSystem.h"
 #include "platform/bitmap_file.h"
-#include "platform/files.h"
 #include "platform/qvdds.h"
 
 #define STB_DXT_IMPLEMENTATION
@@ -162,14 +162,15 @@ double TimeEncoder(const Encoder& encoder, std::vector<std::uint8_t>& blocks) {
 /// The two sheets on disk as the composer saves them.
 class SheetFolder {
  public:
-  SheetFolder() {
+  SheetFolder() : files_("~bench-") {
     WriteSheet("c.bmp", 24);
     WriteSheet("a.bmp", 8);
   }
   std::string File(const char* name) const { return (folder_.path() / name).string(); }
+  platform::FileSystem& files() { return files_; }
 
  private:
-  void WriteSheet(const char* name, std::uint16_t bit_count) const {
+  void WriteSheet(const char* name, std::uint16_t bit_count) {
     std::vector<std::byte> file;
     const std::uint32_t table = bit_count == 8 ? 1024 : 0;
     platform::AppendFileHeader(file, 54 + table + kPixels * (bit_count / 8U), 54 + table);
@@ -189,35 +190,36 @@ class SheetFolder {
         file.push_back(std::byte{Cloud()[i + part]});
       }
     }
-    platform::ReplaceFile(File(name), file, platform::Durability::kRename);
+    files_.ReplaceFile(File(name), file, platform::Durability::kRename);
   }
 
   bench::WorkFolder folder_;
+  platform::FileSystem files_;
 };
 
 /// The writer with its files, as an install calls it.
-double TimeWriter(const SheetFolder& folder, std::int32_t format) {
+double TimeWriter(SheetFolder& folder, std::int32_t format) {
   return bench::Milliseconds([&] {
     if (platform::BMPScompressBMP(folder.File("c.bmp"), folder.File("a.bmp"), format, -1, -1,
-                                  folder.File("out.bmp")) != 1) {
+                                  folder.File("out.bmp"), folder.files()) != 1) {
       std::fprintf(stderr, "no texture was written\n");
       std::exit(EXIT_FAILURE);
     }
   });
 }
 
-std::vector<std::uint8_t> WrittenBlocks(const SheetFolder& folder) {
+std::vector<std::uint8_t> WrittenBlocks(SheetFolder& folder) {
   TimeWriter(folder, platform::kFormatDXT3);
   std::vector<std::uint8_t> blocks(kPixels);
-  const auto file = platform::ReadFile(folder.File("out.bmp"), kTextureHeaders + kSheetBytes);
+  const auto file = folder.files().ReadFile(folder.File("out.bmp"), kTextureHeaders + kSheetBytes);
   if (file && file->size() == kTextureHeaders + blocks.size()) {
     std::memcpy(blocks.data(), file->data() + kTextureHeaders, blocks.size());
   }
   return blocks;
 }
 
-/// Ours and the other turn by turn. Whether our colours are as good as the other's or better.
-bool Compare(const SheetFolder& folder, const Encoder& encoder, double our_error) {
+/// Ours and the other turn by turn. True if our colours are as good as the other's or better.
+bool Compare(SheetFolder& folder, const Encoder& encoder, double our_error) {
   std::vector<double> ours;
   std::vector<double> theirs;
   std::vector<std::uint8_t> blocks(kPixels);
@@ -236,7 +238,7 @@ bool Compare(const SheetFolder& folder, const Encoder& encoder, double our_error
   return our_error <= errors.color;
 }
 
-bool PlainTexture(const SheetFolder& folder) {
+bool PlainTexture(SheetFolder& folder) {
   std::vector<double> plain;
   std::vector<double> packed;
   for (int round = 0; round < kRounds; ++round) {
@@ -250,7 +252,7 @@ bool PlainTexture(const SheetFolder& folder) {
 }  // namespace
 
 int main() {
-  const SheetFolder folder;
+  SheetFolder folder;
   const Errors ours = ErrorsOf(WrittenBlocks(folder));
   std::fprintf(stderr, "ours: colour %.2f dB, alpha %.2f dB, %d blocks in three-colour order\n",
                Decibels(ours.color), Decibels(ours.alpha), ours.three_color_blocks);

@@ -24,7 +24,7 @@ constexpr int kElevations = 48;
 constexpr int kAzimuths = 32;
 constexpr float kLowestAngle = -0.6F;  ///< of the angle axis, whose square is the cosine
 
-/// Share of the light that comes after a second scattering, from a sun that stands higher.
+/// Share of the light that is scattered twice, from a higher sun.
 constexpr float kManyTimes = 1.0F;
 constexpr float kManyLift = 0.10F;
 
@@ -34,12 +34,12 @@ float Density(float height, float scale) {
 /// A tent 30 km wide round a height of 25 km.
 float OzoneDensity(float height) { return std::max(0.0F, 1.0F - std::abs(height - 25.0F) / 15.0F); }
 
-/// Along a ray from `radius` under `cosine` to the top of the air.
+/// Distance along a ray from `radius` under `cosine` to the top of the air.
 float WayOut(float radius, float cosine) {
   const float b = radius * cosine;
   return -b + std::sqrt(std::max(0.0F, b * b - radius * radius + kTop * kTop));
 }
-/// To the ground, or a negative number when the ray passes it.
+/// Distance to the ground, or a negative number if the ray misses it.
 float WayDown(float radius, float cosine) {
   const float b = radius * cosine;
   const float root = b * b - radius * radius + kGround * kGround;

@@ -20,7 +20,7 @@ void Append(Bytes& bytes, std::initializer_list<std::uint32_t> numbers) {
   }
 }
 
-/// The two headers; what is left out here follows them up to `offset`.
+/// The two headers. The caller appends the rest up to `offset`.
 Bytes Head(const Texture& texture, std::uint32_t bits, std::uint32_t offset) {
   const auto width = static_cast<std::uint32_t>(texture.width);
   const auto height = static_cast<std::uint32_t>(texture.height);
@@ -32,7 +32,7 @@ Bytes Head(const Texture& texture, std::uint32_t bits, std::uint32_t offset) {
   return bytes;
 }
 
-/// Rows from the bottom, the chosen channels of each pixel, filled up to 4 bytes.
+/// Rows from the bottom with the chosen channels of each pixel, padded to 4 bytes.
 void AppendRows(Bytes& bytes, const Texture& texture, std::size_t first, std::size_t count) {
   const auto width = static_cast<std::size_t>(texture.width);
   for (auto row = static_cast<std::size_t>(texture.height); row-- > 0;) {

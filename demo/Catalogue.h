@@ -7,7 +7,7 @@
 
 namespace demo {
 
-/// What a pack author says of a set. A title of up to 18 letters fits every label of the program.
+/// A set's texts for the user. A title of up to 18 letters fits every label of the program.
 struct Option {
   const char* title;
   const char* description;
@@ -38,7 +38,7 @@ struct Group {
 
 extern const std::array<Group, kGroups> kCatalogue;
 
-/// NB_Information.cfg with all groups, every option open to the randomizer.
+/// NB_Information.cfg with all groups and every option allowed for the randomizer.
 void WriteInformationFile(const std::filesystem::path& file);
 
 }  // namespace demo

@@ -20,7 +20,7 @@ struct CirrusRecipe {
   Color color;
 };
 
-/// In the catalogue's order, then what the simulator came with.
+/// In the catalogue's order, then the simulator's own.
 std::span<const CirrusRecipe> CirrusRecipes();
 
 /// One of a set's textures, which repeats without a seam.

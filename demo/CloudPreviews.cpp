@@ -11,7 +11,7 @@ namespace {
 constexpr Camera kView{20.0F, 0.80F, 66.0F, kPreviewWidth, kPreviewHeight};
 constexpr float kHaze = 0.055F;  ///< of the way to the sky's colour over a kilometre
 
-/// Where a puff stands: kilometres ahead and to the right, its base over the eye, its width.
+/// The place of a puff: kilometres ahead and to the right, its base over the eye, its width.
 struct Puff {
   float ahead;
   float right;

@@ -6,7 +6,7 @@ namespace demo {
 
 namespace {
 
-// The cells follow the layout that the composer lays the simulator's sheet by.
+// The cells have the layout that the composer gives the simulator's sheet.
 constexpr std::array kSolidCells{SheetCell{256, 256, 256, 256}, SheetCell{0, 384, 256, 128},
                                  SheetCell{384, 0, 128, 128}};
 constexpr std::array kStratusCells{SheetCell{0, 0, 256, 128}, SheetCell{256, 0, 128, 128}};
@@ -144,7 +144,7 @@ const std::array kWispy{
 
 using Blobs = std::vector<Blob>;
 
-/// Smaller heads on the upper side of those that are there.
+/// Adds smaller heads on the upper side of the present ones.
 void AddHeads(Blobs& blobs, Random& random, int count, float low, float high) {
   const std::size_t parents = blobs.size();
   for (int i = 0; i < count; ++i) {

@@ -16,7 +16,7 @@ struct CloudRecipe {
 };
 
 enum class CloudGroup { kSolid, kStratus, kWispy };
-/// In the catalogue's order, then what the simulator came with.
+/// In the catalogue's order, then the simulator's own.
 std::span<const CloudRecipe> CloudRecipes(CloudGroup group);
 
 /// A rectangle of the 512 x 512 sheet that belongs to a group.

@@ -8,7 +8,8 @@ namespace demo {
 
 namespace {
 
-/// Values on a grid whose x lies closest together, then z, then y from the top of the picture.
+/// Values on a grid in the order x, z, y, the x of one row side by side; y from the top of the
+/// picture.
 class Grid {
  public:
   Grid(int nx, int ny, int nz)
@@ -38,9 +39,9 @@ class Grid {
 
 /// Depth of the volume as a share of the picture's height.
 constexpr float kDepth = 0.5F;
-constexpr int kCoarse = 4;  ///< the shape without its noise is worked out at every fourth point
+constexpr int kCoarse = 4;  ///< the shape without its noise is computed at every fourth point
 
-/// Where the noise is read, so that every cloud has heads of its own.
+/// Offset into the noise, so that every cloud has heads of its own.
 Vec3 Shift(std::uint32_t seed) {
   return {F(static_cast<int>(seed * 37U % 101U)) * 0.173F,
           F(static_cast<int>(seed * 53U % 103U)) * 0.191F,
@@ -85,7 +86,7 @@ Grid Distances(const std::vector<Blob>& blobs, const CloudLook& look, const Grid
   return grid;
 }
 
-/// Coarse values of one fine row, between the four coarse rows round it.
+/// Coarse values interpolated for one fine row from the four coarse rows round it.
 void Between(const Grid& coarse, int y, int z, std::vector<float>& row) {
   const int y0 = y / kCoarse;
   const int z0 = z / kCoarse;
@@ -150,8 +151,8 @@ Grid Density(const std::vector<Blob>& blobs, const CloudLook& look, int width, i
   return grid;
 }
 
-/// Optical depth from each point to the light. Each layer takes what the layer above it holds where
-/// the way to the light crosses it, and adds its own part.
+/// Optical depth from each point to the light: the value of the layer above at the point where the
+/// ray to the light crosses that layer, plus the layer's own part.
 Grid DepthTowards(const Grid& density, const CloudLook& look, const Vec3& light) {
   Grid depth(density.nx(), density.ny(), density.nz());
   const float dx = light.x / light.y;
@@ -181,13 +182,13 @@ Grid DepthTowards(const Grid& density, const CloudLook& look, const Vec3& light)
   return depth;
 }
 
-/// Henyey and Greenstein's phase function, 1 for light that goes on evenly.
+/// Henyey and Greenstein's phase function, 1 for even scattering.
 float Phase(float cosine, float g) {
   const float base = 1.0F + g * g - 2.0F * g * cosine;
   return (1.0F - g * g) / (base * std::sqrt(base));
 }
 
-/// Light scattered once, and more often: each time spread wider and held back less.
+/// Light scattered once and more often: each time it is spread wider and absorbed less.
 class Scattering {
  public:
   explicit Scattering(const CloudLook& look) {

@@ -30,8 +30,8 @@ struct CloudLook {
   Color underlight;  ///< from the ground
 };
 
-/// Light scattered in the cloud over a black ground, with the share of the ground it hides as
-/// alpha. It fades out before the edges of the picture.
+/// Light scattered in the cloud over a black ground. Alpha is the share of the ground that the
+/// cloud hides; it fades to 0 before the edges of the picture.
 Canvas RenderCloud(const std::vector<Blob>& blobs, const CloudLook& look, int width, int height,
                    std::uint32_t seed);
 

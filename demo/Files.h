@@ -7,8 +7,8 @@
 
 namespace demo {
 
-/// Each of these makes the file's folders, replaces an older file and throws std::runtime_error
-/// with the path when it cannot.
+/// Each of these creates the file's folders, replaces an older file and throws std::runtime_error
+/// with the path if it fails.
 void WriteBytes(const std::filesystem::path& file, std::span<const std::byte> bytes);
 /// Lines that end in "\n" become lines that end in CRLF; UTF-8 becomes Windows-1252.
 void WriteDosText(const std::filesystem::path& file, std::string_view utf8);

@@ -7,8 +7,7 @@ namespace demo {
 
 using Complex = std::complex<float>;
 
-/// Turns a square spectrum into the field it stands for, in place and without a factor; `side` is a
-/// power of two.
+/// Replaces a square spectrum by its field, without a factor; `side` is a power of two.
 void InverseFourier(std::vector<Complex>& field, int side);
 
 }  // namespace demo

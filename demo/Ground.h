@@ -4,7 +4,7 @@
 
 namespace demo {
 
-/// Textures of the simulator that no install touches: a concrete runway, a meadow, a tiled roof.
+/// Textures of the simulator that no install replaces: a concrete runway, a meadow, a tiled roof.
 Texture PaintRunway(int side);
 Texture PaintGrass(int side);
 Texture PaintRoof(int side);

@@ -17,7 +17,7 @@ using Jobs = std::vector<std::function<void()>>;
 constexpr int kWaterSide = 256;
 constexpr int kBaseSide = 128;
 
-/// A job for each recipe that fills its place of the result.
+/// A job for each recipe, which fills the recipe's place of the result.
 template <typename Set, typename Recipe, typename Paint>
 void Add(Jobs& jobs, std::vector<Set>& sets, std::span<const Recipe> recipes, Paint paint) {
   sets.resize(recipes.size());
@@ -79,7 +79,7 @@ void AddWater(Jobs& jobs, Library& library) {
   });
 }
 
-/// The sky that goes with a reflection map: of its period, turned to have its sun in the north.
+/// The sky that belongs to a reflection map: of its period, turned so that its sun is in the north.
 struct Backdrop {
   SkyPeriod period;
   std::size_t option;

@@ -18,8 +18,7 @@ struct CloudSheet {
 };
 using CirrusSet = std::array<Texture, 3>;
 
-/// Every set of the demo, in the catalogue's order; the last of each group is what the simulator
-/// came with.
+/// Every set of the demo, in the catalogue's order; the last of each group is the simulator's own.
 struct Library {
   std::array<std::vector<CloudSheet>, 3> clouds;
   std::vector<CirrusSet> cirrus;

@@ -2,8 +2,9 @@
 
 namespace demo {
 
-/// Walks along a ray from `start` until `above` is no longer positive there, and narrows that place
-/// down. `step` says how far to go on from a place. Not before `last`: gives `last`.
+/// Walks along a ray from `start` until `above` is no longer positive, and narrows down that
+/// distance. `step` gives the length of the next step from a distance. Returns `last` if `above`
+/// stays positive.
 template <typename Above, typename Step>
 float March(float start, float last, Above above, Step step) {
   float before = start;

@@ -80,7 +80,7 @@ Star NextStar(Random& random) {
   return {direction, color * power * Slope(0.0F, 0.12F, height)};
 }
 
-/// Round to the eye, wherever on its face it stands.
+/// Looks round from the eye at any place of its face.
 void AddStar(SkyFaces& faces, const Star& star) {
   constexpr float kWidth = 0.0027F;  // radians
   constexpr int kReach = 3;

@@ -6,8 +6,8 @@
 
 namespace demo {
 
-/// Airglow, the Milky Way, the aurora in the north and a town's glow in the south-west, as the
-/// display shows them.
+/// Airglow, the Milky Way, the aurora in the north and a town's glow in the south-west, in the
+/// display's colours.
 Color NightGlow(const NightLights& lights, const Vec3& direction);
 
 /// Strews stars over the faces, few bright and many faint ones, denser along the Milky Way.

@@ -28,7 +28,7 @@ constexpr int Wrap(int value, int period) {
   return rest < 0 ? rest + period : rest;
 }
 
-/// A corner's part: one of eight directions, as far as the point lies along it.
+/// A corner's part: the distance of the point along one of eight directions.
 float Corner(std::uint32_t hash, float dx, float dy) {
   constexpr std::array<std::pair<float, float>, 8> kDirections{{{1, 0},
                                                                 {-1, 0},
@@ -62,7 +62,7 @@ float PerlinCube(float x, float y, float z, int period, std::uint32_t seed) {
   return 3.0F * Mix(layer(0), layer(1), Fade(z - F(z0)));
 }
 
-/// 1 less the distance to the nearest of the points strewn one to a cell.
+/// 1 minus the distance to the nearest point, with one random point in each cell.
 float WorleyCube(float x, float y, float z, int period, std::uint32_t seed) {
   const int x0 = Floor(x);
   const int y0 = Floor(y);

@@ -5,8 +5,8 @@
 
 namespace demo {
 
-/// Does all jobs on as many threads as the machine has. They must not depend on each other. After
-/// the last has ended, throws what the first that failed has thrown.
+/// Runs all jobs, which must not depend on each other, on as many threads as the machine has. After
+/// the last job it rethrows the exception of the first job that failed.
 void DoAll(const std::vector<std::function<void()>>& jobs);
 
 }  // namespace demo

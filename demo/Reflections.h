@@ -19,7 +19,7 @@ struct ReflectionRecipe {
   int period;      ///< that its preview shows: 0 day, 1 dusk, 2 night
 };
 
-/// In the catalogue's order, then what the simulator came with.
+/// In the catalogue's order, then the simulator's own.
 std::span<const ReflectionRecipe> ReflectionRecipes();
 
 /// Day, dusk and night: the sky as a disc with the zenith in its middle and the horizon on its rim
@@ -27,10 +27,10 @@ std::span<const ReflectionRecipe> ReflectionRecipes();
 using ReflectionSet = std::array<Texture, 3>;
 ReflectionSet PaintReflections(const ReflectionRecipe& recipe, int side, std::uint32_t seed);
 
-/// The light that comes from a direction above the water.
+/// Light from a direction above the water.
 Color Reflected(const Texture& map, const Vec3& direction);
 
-/// Where the sun or the moon stands on the three maps.
+/// Direction of the sun or the moon on the three maps.
 Vec3 ReflectedSun(int period);
 
 }  // namespace demo

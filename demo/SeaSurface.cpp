@@ -9,7 +9,7 @@ namespace demo {
 
 namespace {
 
-/// The second laying: longer, turned by a little over a right angle's third, and lower.
+/// The second copy of the texture: longer, turned by a little over 30 degrees, and lower.
 constexpr float kLonger = 2.7F;
 constexpr float kCos = 0.82F;
 constexpr float kSin = 0.57F;
@@ -118,7 +118,7 @@ SeaSurface::Slopes SeaSurface::At(float x, float y, float footprint) const {
   const Slopes wide =
       Laid((x * kCos + y * kSin) / tile, (y * kCos - x * kSin) / tile, size / kLonger);
   const Slopes fine = Laid(x / (kWaveTile * kShorter), y / (kWaveTile * kShorter), size / kShorter);
-  // The second laying's height is given by its share, so its slope falls with its length.
+  // The second copy's height is given by its share, so its slope falls with its length.
   const float part = kLongShare / kLonger;
   const auto rest = [](const Slopes& s) {
     return std::max(0.0F, s.square - s.x * s.x - s.y * s.y);
@@ -130,7 +130,7 @@ SeaSurface::Slopes SeaSurface::At(float x, float y, float footprint) const {
           std::max(near.foam, 0.5F * wide.foam)};
 }
 
-/// The mean over the directions into which the slopes that are too small to see scatter.
+/// The mean over the directions into which slopes too small to see scatter the light.
 Color SeaSurface::Mirror(const SeaPoint& point, const Slopes& slopes) const {
   constexpr std::array<Vec3, 7> kTilts{{{0, 0, 0.28F},
                                         {0.7F, 0, 0.12F},
@@ -146,7 +146,7 @@ Color SeaSurface::Mirror(const SeaPoint& point, const Slopes& slopes) const {
     Vec3 out = point.ray - up * (2.0F * Dot(point.ray, up));
     out = {out.x * turn_, out.y * turn_, std::abs(out.z) + 0.01F};
     const Color light = Reflected(reflection_, Normalize(out));
-    // The brightest steps stand for light that no picture holds.
+    // The brightest steps represent light beyond the range of a picture.
     const float over = std::max(0.0F, Luminance(light) - 0.80F);
     sum += light * ((1.0F + 9.0F * over) * tilt.z);
   }
@@ -158,7 +158,7 @@ Color SeaSurface::Shade(const SeaPoint& point) const {
   const Vec3 up = Normalize({-slopes.x, -slopes.y, 1.0F});
   const float cosine = std::max(0.03F, -Dot(point.ray, up));
   const float m = 1.0F - cosine;
-  // Schlick's form of the Fresnel share; rough water turns some of its faces to the eye.
+  // Schlick's approximation of the Fresnel term. Rough water turns some of its faces to the eye.
   const float mirror = (0.02F + 0.98F * m * m * m * m * m) / (1.0F + 5.0F * slopes.square);
   const float lit = 0.72F + 0.38F * Dot(up, sun_);
   const float thin =

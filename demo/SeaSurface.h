@@ -7,7 +7,7 @@
 
 namespace demo {
 
-/// What the eye sees of a point of the water.
+/// A point of the water as the eye sees it.
 struct SeaPoint {
   Vec3 place;       ///< metres; z is the height over the mean
   Vec3 ray;         ///< from the eye
@@ -16,18 +16,18 @@ struct SeaPoint {
   Color base;       ///< light that comes out of the water
 };
 
-/// A sea of one set's waves under one reflection, both as their textures tell. The texture is laid
-/// twice, in two sizes and directions, so that its repetition does not show.
+/// A sea of one set's waves under one reflection, both taken from their textures. Two copies of the
+/// wave texture, in two sizes and directions, hide its repetition.
 class SeaSurface {
  public:
-  /// With `behind` the map is turned half round, so that its sun stands behind an eye that looks
-  /// north.
+  /// `behind` turns the map by half a turn, so that its sun is behind an eye that looks north.
   SeaSurface(const WaveSet& waves, const Texture& reflection, const Vec3& sun, bool behind);
 
   float Height(float x, float y) const;
   float Highest() const { return highest_; }
   Color Shade(const SeaPoint& point) const;
-  /// Metres to the water along a ray from `eye` metres above it; 0 when it meets none within reach.
+  /// Metres to the water along a ray from `eye` metres above it; 0 if there is no water within
+  /// reach.
   float Meet(const Vec3& ray, float eye) const;
 
  private:

@@ -25,7 +25,7 @@ void WriteSky(const fs::path& folder, const SkyBox& box, std::size_t period) {
   }
 }
 
-/// `prefix`, a name each and the extension.
+/// File names: `prefix`, one of the names, and the extension.
 template <typename Set, typename Names>
 void WriteNamed(const fs::path& folder, const Set& set, const char* prefix, const Names& names) {
   for (std::size_t i = 0; i < set.size(); ++i) {

@@ -15,8 +15,8 @@ void WriteSet(const std::filesystem::path& folder, const Library& library, std::
 /// A cloud input under a path without extension: colours and alpha in both sizes.
 void WriteSheet(const std::filesystem::path& path, const CloudSheet& sheet);
 
-/// The clouds that every install copies whatever is selected, into folders `cld`, `cumulus` and
-/// `stratus`: `own` those of the simulator, else those of the program.
+/// The clouds that every install copies, into folders `cld`, `cumulus` and `stratus`: the
+/// simulator's if `own`, else the program's.
 struct CloudFolders {
   std::filesystem::path cld;
   std::filesystem::path cumulus;
@@ -24,7 +24,7 @@ struct CloudFolders {
 };
 void WriteFixedClouds(const CloudFolders& folders, bool own);
 
-/// The three files that make the simulator's sun.
+/// The three files of the simulator's sun.
 void WriteSuns(const std::filesystem::path& folder, const SunLook& look);
 
 }  // namespace demo

@@ -118,7 +118,7 @@ float Land::Height(float x, float y) const {
 
 Land::Hit Land::Meet(const Vec3& ray, float eye) const {
   constexpr float kReach = 30000.0F;
-  // Above the highest peak no ray meets anything.
+  // No ray meets the ground above the highest peak.
   const float clear = (eye - highest_) / std::max(-ray.z, 1e-4F);
   const float last = ray.z > 0.0F ? std::min(kSize, (highest_ - eye) / ray.z) : kSize;
   const float met = March(
@@ -165,7 +165,7 @@ Color Land::WaterColor(const WaterSet& water, const Vec3& place, float height) c
   struct Kinds {
     WaterKind deep;
     WaterKind shallow;
-    float reach;  ///< metres of depth over which one goes over into the other
+    float reach;  ///< metres of depth over which one fades into the other
   };
   constexpr std::array<Kinds, 5> kKinds{{{kOcean, kCoast, 26.0F},
                                          {kOcean, kTropic, 22.0F},

@@ -14,12 +14,12 @@ class Land {
     bool met = false;
     float distance = 0.0F;
     Vec3 place;
-    float height = 0.0F;  ///< of the ground there; below 0 the water was met
+    float height = 0.0F;  ///< of the ground there; below 0 if the ray met water
   };
 
   Land(Shore shore, std::uint32_t seed);
 
-  /// How high the eye of a picture of it stands.
+  /// Height of the eye in a picture of this shore.
   float Eye() const { return shore_ == Shore::kRiver ? 330.0F : 430.0F; }
   Hit Meet(const Vec3& ray, float eye) const;
   Color Shade(const Hit& hit, const Vec3& sun) const;

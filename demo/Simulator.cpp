@@ -36,7 +36,7 @@ std::string ContrailEffect(const char* title, const char* life) {
   return text;
 }
 
-/// The cumulus sheet that the simulator came with, of its own three inputs' cells.
+/// The simulator's own cumulus sheet, composed of its own three inputs.
 Texture OwnCumulus(const Library& library) {
   Texture sheet = library.clouds[0].back().fast;
   for (const auto group : {CloudGroup::kStratus, CloudGroup::kWispy}) {
@@ -51,7 +51,7 @@ Texture OwnCumulus(const Library& library) {
   return sheet;
 }
 
-/// The sets that the simulator came with stand behind the last of the catalogue's.
+/// The simulator's own sets follow the last of the catalogue's.
 void WriteOwnSets(const fs::path& root, const Library& library) {
   for (std::size_t group = kCirrus; group < kGroups; ++group) {
     const bool water = group == kBase || group == kEnvironment;

@@ -52,7 +52,7 @@ constexpr SkyRecipe kNights[] = {
 };
 // clang-format on
 
-/// From light without limit to what a display shows, as film takes it: each channel nears 1.
+/// Maps unlimited light to the range of a display, like film: each channel approaches 1.
 Color Develop(const SkyRecipe& recipe, const Color& light, float height) {
   const float grey = Luminance(light);
   const Color rich = Mix(Color{grey, grey, grey}, light, recipe.saturation) *
@@ -60,7 +60,7 @@ Color Develop(const SkyRecipe& recipe, const Color& light, float height) {
   const Color shown = Exp(rich * -recipe.exposure);
   const Color c{std::max(1.0F - shown.x, 0.0F), std::max(1.0F - shown.y, 0.0F),
                 std::max(1.0F - shown.z, 0.0F)};
-  // What is brighter than the film can hold loses its colour, as the core of a flame does.
+  // Light beyond the film's range loses its colour, like the core of a flame.
   const float over = 0.30F * Slope(0.72F, 1.0F, std::max(c.x, c.z));
   return Mix(c, Color{1, 1, 1} * std::max(c.x, c.z), over);
 }

@@ -7,7 +7,7 @@
 
 namespace demo {
 
-/// What a night adds to the moon's scattered light; all from 0 (none) up.
+/// Lights of a night beside the moon's scattered light; all from 0 (none) up.
 struct NightLights {
   float stars = 0.0F;
   float milky_way = 0.0F;
@@ -33,10 +33,10 @@ struct SkyRecipe {
 };
 
 enum class SkyPeriod { kSunrise, kDay, kSunset, kNight };
-/// The sets of a period in the catalogue's order, then the sky that the simulator came with.
+/// The sets of a period in the catalogue's order, then the simulator's own sky.
 std::span<const SkyRecipe> SkyRecipes(SkyPeriod period);
 
-/// What the display shows of that air in a direction, without the lights of the night.
+/// The display's colour of that air in a direction, without the lights of the night.
 Color SkyColor(const SkyRecipe& recipe, const Atmosphere& air, const Vec3& direction);
 SkyBox PaintSky(const SkyRecipe& recipe, int side, std::uint32_t seed);
 

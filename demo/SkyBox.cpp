@@ -10,7 +10,7 @@ struct Face {
   Vec3 up;
 };
 
-/// On the lid, right is east and up is south, as one sees it looking up from north.
+/// On the lid, right is east and up is south: the view of an eye that looks north and then up.
 constexpr std::array<Face, 5> kFaces{{
     {{0, 1, 0}, {1, 0, 0}, {0, 0, 1}},
     {{1, 0, 0}, {0, -1, 0}, {0, 0, 1}},

@@ -14,13 +14,13 @@ using SkyBox = std::array<Texture, 5>;
 
 /// The direction that a pixel of a face shows.
 Vec3 FaceDirection(int face, int x, int y, int side);
-/// Linear light from a direction; one below the horizon sees the horizon.
+/// Linear light from a direction; below the horizon that of the horizon.
 Color Look(const SkyBox& box, const Vec3& direction);
-/// All five faces, each pixel by what `light` says of its direction, and the files they become.
+/// All five faces, each pixel with the `light` of its direction, and their files.
 using SkyFaces = std::vector<Canvas>;
 SkyFaces PaintFaces(int side, const std::function<Color(const Vec3&)>& light);
 SkyBox EncodeFaces(const SkyFaces& faces);
-/// Where a direction falls on the faces: which one, and the pixel there.
+/// The face and the pixel that a direction meets.
 struct FacePlace {
   std::size_t face;
   float x;

@@ -9,8 +9,8 @@ namespace {
 constexpr int kWidth = 400;
 constexpr int kHeight = 300;
 
-/// One chain of hills: how high it stands, as a share of the picture, and how much of the haze at
-/// the horizon lies before it.
+/// One chain of hills: its height as a share of the picture, and the share of the horizon's haze in
+/// front of it.
 struct Ridge {
   float height;
   float haze;

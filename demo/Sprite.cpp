@@ -4,7 +4,7 @@ namespace demo {
 
 namespace {
 
-/// Colour by its alpha, and alpha, between the pixels; clear outside.
+/// Premultiplied colour and alpha, interpolated between the pixels; clear outside.
 Sample Between(const Canvas& canvas, float x, float y) {
   const int x0 = Floor(x);
   const int y0 = Floor(y);

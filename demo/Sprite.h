@@ -6,7 +6,7 @@
 
 namespace demo {
 
-/// What lies between the eye and a picture.
+/// The air between the eye and a picture.
 struct Haze {
   Color color;
   float share;

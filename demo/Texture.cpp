@@ -24,7 +24,7 @@ std::array<float, 256> LinearTable() {
   return table;
 }
 
-/// Over the square root, where the curve is nearly straight.
+/// A table over the square root, where the curve is nearly straight.
 std::array<float, kSteps + 1> DisplayTable() {
   std::array<float, kSteps + 1> table{};
   for (int i = 0; i <= kSteps; ++i) {

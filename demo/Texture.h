@@ -8,8 +8,8 @@
 
 namespace demo {
 
-/// A picture in linear light, rows from the top, alpha from 0 to 1. The colour of a clear pixel is
-/// what its neighbours have, so that no dark rim shows when it is scaled.
+/// A picture in linear light, rows from the top, alpha from 0 to 1. A clear pixel has the colour of
+/// its neighbours, so that scaling makes no dark rim.
 struct Canvas {
   Canvas(int columns, int rows)
       : width(columns),
@@ -35,7 +35,7 @@ struct Sample {
   float alpha;
 };
 
-/// A picture as it stands in a file: 8 bits a channel, blue, green, red, alpha, rows from the top,
+/// A picture as in a file: 8 bits a channel, blue, green, red, alpha, rows from the top,
 /// colours in the display's own steps (sRGB).
 struct Texture {
   int width = 0;

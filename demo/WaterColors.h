@@ -12,16 +12,16 @@ enum WaterKind { kOcean, kCoast, kLake, kRiver, kTropic, kPolar, kWaterKinds };
 
 enum class Shore { kIslands, kAtoll, kLake, kRiver, kIce };
 
-/// Colours of a set by the kind of water, as light that comes back out of it.
+/// Colours of a set by the kind of water, as light that leaves it.
 struct WaterRecipe {
   std::array<Color, kWaterKinds> deep;
-  Color shallow;  ///< what the coast and the tropic drift to
+  Color shallow;  ///< the colour that the coast and the tropic approach
   float mottle;   ///< depth of the large patches
-  float streaks;  ///< of the lines that the wind draws
+  float streaks;  ///< strength of the wind's lines
   Shore shore;    ///< that its preview shows
 };
 
-/// In the catalogue's order, then what the simulator came with.
+/// In the catalogue's order, then the simulator's own.
 std::span<const WaterRecipe> WaterRecipes();
 
 using WaterSet = std::array<Texture, kWaterKinds>;

@@ -17,7 +17,8 @@ constexpr float kGravity = 9.81F;
 
 using Field = std::vector<float>;
 
-/// Phillips' spectrum of a sea under a steady wind, as Tessendorf uses it, without its factor.
+/// Phillips' spectrum of a sea under a steady wind, as Tessendorf uses it, without its constant
+/// factor.
 float Phillips(float kx, float ky, const WaveRecipe& recipe) {
   const float k = std::hypot(kx, ky);
   const float longest = recipe.wind * recipe.wind / kGravity;
@@ -122,7 +123,7 @@ Sea MakeSea(const WaveRecipe& recipe, int side, std::uint32_t seed) {
           sideways(true), sideways(false)};
 }
 
-/// The point at rest that the waves have carried to this place, both in points of the grid.
+/// The rest position of the water that the waves carry to this place, both in points of the grid.
 struct Rest {
   float x;
   float y;
@@ -137,8 +138,7 @@ Rest RestOf(const Sea& sea, int x, int y) {
   return rest;
 }
 
-/// Where the surface is pressed together it breaks: the determinant of the shift, as Tessendorf has
-/// it.
+/// The surface breaks where it is compressed: the determinant of the shift, after Tessendorf.
 float Foam(const Sea& sea, const Rest& at) {
   const auto slope = [&](const Field& field, float dx, float dy) {
     return (At(field, sea.side, at.x + dx, at.y + dy) - At(field, sea.side, at.x - dx, at.y - dy)) /

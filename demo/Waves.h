@@ -13,12 +13,12 @@ struct WaveRecipe {
   float heading;     ///< towards which the waves run, degrees from the texture's u axis
   float spread;      ///< power of the cosine to the wind: 2 wide, 8 in long crests
   float height;      ///< significant: the mean of the highest third
-  float choppiness;  ///< how far the crests are drawn together, 0 for round waves
+  float choppiness;  ///< how sharp the crests are, 0 for round waves
   float swell_height;
   float swell_length;
 };
 
-/// In the catalogue's order, then what the simulator came with.
+/// In the catalogue's order, then the simulator's own.
 std::span<const WaveRecipe> WaveRecipes();
 
 inline constexpr float kWaveTile = 96.0F;  ///< metres that a wave texture covers

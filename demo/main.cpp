@@ -4,8 +4,8 @@
 
 #include "Simulator.h"
 
-/// Lays out a small simulator folder with the program's folder two levels below it. What is in the
-/// way of its files is replaced; anything else is left alone.
+/// Lays out a small simulator folder with the program's folder two levels below it. Replaces files
+/// of the same names and leaves all others alone.
 int main(int argc, char** argv) {
   if (argc != 2) {
     std::cerr << "usage: nimbrel-demo FOLDER\n";

@@ -1,8 +1,12 @@
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
-#include "install/mod_CloudComposer.h"
+#include "install/CloudComposer.h"
+#include "platform/FileSystem.h"
 #include "platform/bitmap_file.h"
+#include "settings/Choice.h"
+#include "settings/Folders.h"
 #include "support.h"
 
 using fuzz::Require;
@@ -14,29 +18,30 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr unsigned kWhole = 0xF0;
   auto input = std::as_bytes(std::span(data, size));
   const unsigned choices = fuzz::TakeByte(input);
-  const std::filesystem::path color = fuzz::Program("Sets/input.bmp");
-  const std::filesystem::path alpha = fuzz::Program("Sets/input_a.bmp");
-  const std::filesystem::path output = fuzz::Program("TempBitmaps/cumulus01.bmp");
+  const std::filesystem::path color = fuzz::Simulator().Program("Sets/input.bmp");
+  const std::filesystem::path alpha = fuzz::Simulator().Program("Sets/input_a.bmp");
+  const std::filesystem::path output = fuzz::Simulator().Program("TempBitmaps/cumulus01.bmp");
   const fuzz::Bytes first = fuzz::TakePart(input);
   fuzz::Put(color, first);
   fuzz::Put(alpha, input);
-  for (std::int16_t slot = 0; slot < 3; ++slot) {
+  const nimbrel::Folders folders = fuzz::Simulator().folders();
+  platform::FileSystem files(nimbrel::kTemporaryPrefix);
+  nimbrel::CloudComposer composer(folders, files);
+  for (std::size_t slot = 0; slot < 3; ++slot) {
     // Some slots get the two the wrong way round.
-    const bool swapped = (choices >> static_cast<unsigned>(slot) & 1U) != 0;
-    nimbrel::PrepareCloudInput(slot, (swapped ? alpha : color).string(),
+    const bool swapped = (choices >> slot & 1U) != 0;
+    composer.PrepareCloudInput(slot, (swapped ? alpha : color).string(),
                                (swapped ? color : alpha).string());
   }
-  if ((choices & kWhole) != kWhole) {
+  if ((choices & kWhole) == kWhole) {
+    std::filesystem::remove(output);
+    composer.ComposeCumulus({.dxt = false, .fast = true});
+    Require(!std::filesystem::exists(output) ||
+            std::filesystem::file_size(output) == kTextureBytes);
+  } else if (platform::DecodeBitmapFile(first) || platform::DecodeBitmapFile(input)) {
     // Without any bitmap there is nothing to lay, and the empty sheets take most of the time.
-    if (platform::DecodeBitmapFile(first) || platform::DecodeBitmapFile(input)) {
-      nimbrel::ComposeColorSheet(1);
-      nimbrel::ComposeAlphaSheet(1);
-    }
-    nimbrel::ReleaseSheets();
-    return 0;
+    composer.ComposeColorSheet(nimbrel::CumulusLayout[1]);
+    composer.ComposeAlphaSheet(nimbrel::CumulusLayout[1]);
   }
-  std::filesystem::remove(output);
-  nimbrel::ComposeCumulus(1, 0);
-  Require(!std::filesystem::exists(output) || std::filesystem::file_size(output) == kTextureBytes);
   return 0;
 }

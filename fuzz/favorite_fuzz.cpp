@@ -1,14 +1,10 @@
-#include <algorithm>
 #include <filesystem>
 #include <string>
 
-#include "history/mod_Favorites.h"
-#include "platform/files.h"
+#include "history/FavoriteStore.h"
 #include "platform/text.h"
-#include "settings/Functions_Configuration.h"
-#include "shell/frm_Msg.h"
+#include "settings/Failure.h"
 #include "support.h"
-#include "support/recorders.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
@@ -16,7 +12,7 @@ using fuzz::Require;
 
 namespace {
 
-fs::path Folder() { return fuzz::Program("Favorites"); }
+fs::path Folder() { return fuzz::Simulator().Program("Favorites"); }
 
 std::ptrdiff_t CountOf(const fs::path& folder) {
   return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
@@ -36,33 +32,29 @@ void RequireRoundTrip(const FavoriteRecord& favorite) {
 /// Saves under the title; whatever it is, at most one file comes, in the folder of the favourites.
 void Save(const FavoriteRecord& favorite) {
   const std::ptrdiff_t before = CountOf(Folder());
+  std::string path;
   try {
-    Require(SaveFavorite(kFavoriteOfSelection, favorite.Title, favorite.Description));
-  } catch (const RunTimeFailure&) {
+    path = FavoritePath(favorite.Title, fuzz::Simulator().folders());
+    WriteFavoriteFile(path, favorite);
+  } catch (const ActionFailed&) {
     Require(CountOf(Folder()) == before);
     return;
   }
-  // The given file's own name in another letter case is that file.
-  const fs::path file = platform::HostPath((Folder() / FavoriteFileName(favorite.Title)).string());
-  Require(fs::file_size(file) == kFavoriteBytes && CountOf(Folder()) <= before + 1);
-  fs::remove(file);
+  Require(FavoriteExists(path) && CountOf(Folder()) <= before + 1);
+  Require(DeleteFavoriteFile(path) == platform::FileStatus::kOk);
 }
 
 }  // namespace
 
-/// Any bytes as a favourite's file: it is listed, loaded, saved again under its own title and
-/// deleted.
+/// Any bytes as a favourite's file: it is listed, saved again under its own title and deleted.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Recorded = {};
-  Recorded.on_message = [] { MessageAnswer = 1; };
   fuzz::Put(Folder() / "given.nbf", std::as_bytes(std::span(data, size)));
-  ReadFavorites();
-  Require(FavoriteLastIndex == 0 && FavoriteEntries.size() == 1);
-  const FavoriteRecord favorite = FavoriteEntries[0];
-  RequireRoundTrip(favorite);
-  LoadFavorite(0);
-  Save(favorite);
-  Require(CountOf(fuzz::Program("")) == 1 && DeleteFavorite(0) == platform::FileStatus::kOk);
+  const std::vector<Favorite> favorites = ReadFavoriteFiles(fuzz::Simulator().folders());
+  Require(favorites.size() == 1);
+  RequireRoundTrip(favorites[0].record);
+  Save(favorites[0].record);
+  Require(CountOf(fuzz::Simulator().Program()) == 1);
+  Require(DeleteFavoriteFile(favorites[0].path) == platform::FileStatus::kOk);
   Require(CountOf(Folder()) == 0);
   return 0;
 }

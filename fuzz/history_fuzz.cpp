@@ -2,26 +2,18 @@
 #include <filesystem>
 #include <string>
 
-#include "history/mod_History.h"
+#include "history/HistoryStore.h"
 #include "platform/system.h"
-#include "settings/Catalogue.h"
-#include "settings/Selection.h"
-#include "settings/SettingsRecord.h"
 #include "support.h"
-#include "support/recorders.h"
 
 using namespace nimbrel;
 using fuzz::Require;
 
 namespace {
 
-constexpr std::size_t kMostEntries = 30;
-
-std::filesystem::path File() { return fuzz::Program("Data/History.nbh"); }
-
-std::string StoredForm() {
+std::string StoredForm(const History& history) {
   std::string bytes;
-  for (const SettingsRecord& entry : HistoryEntries) {
+  for (const SettingsRecord& entry : history.entries) {
     bytes += fuzz::Text(EncodeRecord(entry));
   }
   return bytes;
@@ -35,37 +27,25 @@ std::size_t EntriesIn(std::size_t size) {
   return whole == 0 ? 0 : whole + (one_more ? 1 : 0);
 }
 
-/// What the list shows of an entry, and what a press on it loads.
-void UseEntries() {
-  for (std::int16_t i = 0; i <= HistoryLastIndex; ++i) {
-    platform::FormatMoment(HistoryEntries[static_cast<std::size_t>(i)].Date);
-    LoadHistoryEntry(i);
-    for (const OptionGroup& group : kOptionGroups) {
-      const auto option = CurrentSelection[static_cast<std::size_t>(group.family)]
-                                          [static_cast<std::size_t>(group.index)];
-      Require(Catalogue.At(group.family, group.index, option).Title.empty());
-    }
-  }
-}
-
 }  // namespace
 
 /// Any bytes as the history: the newest records are taken as they are, and the next install's entry
-/// goes behind them.
+/// is added after them.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Recorded = {};
-  fuzz::Put(File(), std::as_bytes(std::span(data, size)));
-  ReadHistory();
-  const std::string kept = StoredForm();
-  Require(HistoryEntries.size() == std::min(kMostEntries, EntriesIn(size)));
-  Require(HistoryLastIndex + 1 == static_cast<int>(HistoryEntries.size()));
-  UseEntries();
-  AppendHistory(0);
-  const std::string written = fuzz::Get(File());
-  Require(written == StoredForm() && HistoryEntries.size() <= kMostEntries);
-  const std::size_t dropped = kept.size() == kMostEntries * kRecordBytes ? kRecordBytes : 0;
+  const Folders folders = fuzz::Simulator().folders();
+  const std::filesystem::path file = fuzz::Simulator().Program("Data/History.nbh");
+  fuzz::Put(file, std::as_bytes(std::span(data, size)));
+  History history = ReadHistoryFile(folders);
+  const std::string kept = StoredForm(history);
+  Require(history.entries.size() == std::min(kMaxHistoryEntries, EntriesIn(size)));
+  for (const SettingsRecord& entry : history.entries) {
+    platform::FormatMoment(entry.Date);
+  }
+  AppendToHistory(history, {}, folders);
+  const std::string written = ReadText(file);
+  Require(written == StoredForm(history) && history.entries.size() <= kMaxHistoryEntries);
+  const std::size_t dropped = kept.size() == kMaxHistoryEntries * kRecordBytes ? kRecordBytes : 0;
   Require(written.substr(0, written.size() - kRecordBytes) == kept.substr(dropped));
-  ReadHistory();
-  Require(StoredForm() == written);
+  Require(StoredForm(ReadHistoryFile(folders)) == written);
   return 0;
 }

@@ -12,7 +12,7 @@ namespace {
 
 using platform::IniDocument;
 
-/// Up to the first '\0', which goes too.
+/// Up to the first null character, which goes off the input too.
 std::string_view TakeText(std::string_view& input) {
   const std::string_view text = input.substr(0, input.find('\0'));
   input.remove_prefix(std::min(text.size() + 1, input.size()));
@@ -26,12 +26,12 @@ void WriteAndReread(const std::string& bytes, std::string_view section, std::str
   IniDocument document(bytes);
   fuzz::Require(document.Render() == bytes);
   const auto found = document.Find(section, key);
-  const std::size_t most_before = found ? found->size() + kQuotes : 0;
+  const std::size_t max_before = found ? found->size() + kQuotes : 0;
   const std::size_t added = found ? 0 : section.size() + key.size() + kLineSigns;
   document.Set(section, key, value);
   fuzz::Require(document.Find(section, key) == value);
   const std::string after = document.Render();
-  fuzz::RequireOneEdit(bytes, after, most_before, value.size() + kQuotes + added);
+  fuzz::RequireOneEdit(bytes, after, max_before, value.size() + kQuotes + added);
   fuzz::Require(IniDocument(after).Find(section, key) == value);
 }
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "history/mod_Favorites.h"
-#include "platform/gdi.h"
+#include "history/FavoriteStore.h"
 #include "settings/SettingsRecord.h"
 #include "support/BmpFile.h"
+#include "toolkit/region.h"
 
 namespace fs = std::filesystem;
 
@@ -56,10 +56,11 @@ std::string Part(const std::string& bytes) {
 }
 
 nimbrel::SettingsRecord Record(std::int16_t source) {
-  nimbrel::SettingsRecord record{.Date = 38500.75, .Source = source, .Sun = 1};
+  nimbrel::SettingsRecord record{.Date = 38500.75, .Source = source, .choice = {}};
+  record.choice.sun = true;
   std::int16_t option = 0;
-  for (const auto field : nimbrel::kRecordFields) {
-    record.*field = option++;
+  for (std::int16_t& index : record.choice.option) {
+    index = option++;
   }
   return record;
 }

@@ -1,15 +1,19 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <map>
 #include <optional>
+#include <span>
 #include <sstream>
 #include <string>
 #include <string_view>
 
+#include "platform/FileSystem.h"
 #include "platform/text.h"
-#include "setup/Originals.h"
-#include "setup/Setup.h"
+#include "settings/Failure.h"
+#include "setup/Command.h"
+#include "setup/Disk.h"
+#include "setup/Restoring.h"
+#include "setup/Store.h"
 #include "support.h"
 
 namespace fs = std::filesystem;
@@ -17,10 +21,6 @@ using namespace nimbrel;
 using fuzz::Require;
 
 namespace {
-
-/// By paths: files are an "f" with their content behind it, links an "l" with their end, folders
-/// "d".
-using Tree = std::map<std::string, std::string>;
 
 constexpr const char* kCatalogue =
     "[CloudTextures]\nDestination=Texture\\cumulus01.bmp\nDestinationCirrus=Texture\nnumSolid=1\n"
@@ -32,59 +32,48 @@ constexpr const char* kCatalogue =
     "baseInhibitRandomizer.0=0\nbaseInhibitRandomizer.1=0\nenvironmentInhibitRandomizer.0=0\n"
     "wavesInhibitRandomizer.0=0\n";
 
-constexpr std::string_view kSimulator = "simulator/";
-constexpr std::string_view kModules = "simulator/Modules";
-constexpr std::string_view kStore = "simulator/Modules/Nimbrel Originals";
-constexpr const char* kManifest = "simulator/Modules/Nimbrel Originals/manifest";
-constexpr const char* kStoredSun = "simulator/Modules/Nimbrel Originals/files/Texture/sun.bmp";
-/// What a killed run would leave, of a process that can't be.
+constexpr std::string_view kSimulator = "Simulator/";
+constexpr std::string_view kModules = "Simulator/Modules/";
+constexpr std::string_view kStore = "Simulator/Modules/Nimbrel Originals/";
+const std::string kManifest = "Simulator/Modules/Nimbrel Originals/manifest";
+const std::string kStoredSun = "Simulator/Modules/Nimbrel Originals/files/Texture/sun.bmp";
+const std::string kLink = "Simulator/Texture/out";
+/// What a killed run would leave, of a process that can't exist.
 constexpr std::string_view kLeftOver = "~nimbrel-2147480000-1.tmp";
+/// The content of a path that does not exist.
+const std::string kGone(1, '\0');
 
-/// A simulator with the program in it, its store, and what lies around it and is nobody's.
-Tree World() {
-  Tree files{{"pack/NB_Information.cfg", kCatalogue},
-             {"pack/Day/day.bmp", "pack day"},
-             {"pack/program", "program"},
-             {"outside/file.bmp", "own file"},
-             {"simulator/Effects/fx_contrail_s.fx", "[Particle.0]\nLifetime=1,2\n"},
-             {"simulator/Scenery/base.bmp", "own base"},
-             {"simulator/Texture/DAY.bmp", "own day"},
-             {"simulator/Texture/sun.bmp", "own sun"},
-             {"simulator/Modules/other.dll", "own dll"},
-             {"simulator/Modules/Nimbrel/Data/History.nbh", ""},
-             {"simulator/Modules/Nimbrel/nimbrel", "program"},
-             {"simulator/Modules/Nimbrel Originals/files/Texture/DAY.bmp", "own day"},
-             {kStoredSun, "own sun"}};
-  for (const std::string folder : {"", "outside/", "simulator/", "simulator/Texture/"}) {
-    files[folder + std::string(kLeftOver)] = "half";
+/// A simulator with the program in it, its store, and foreign files around it.
+Tree BaseWorld() {
+  Tree tree{{"pack/NB_Information.cfg", kCatalogue},
+            {"pack/Day/day.bmp", "pack day"},
+            {"pack/program", "program"},
+            {"outside/file.bmp", "own file"},
+            {"Simulator/Effects/fx_contrail_s.fx", "[Particle.0]\nLifetime=1,2\n"},
+            {"Simulator/Scenery/base.bmp", "own base"},
+            {"Simulator/Texture/DAY.bmp", "own day"},
+            {"Simulator/Texture/sun.bmp", "own sun"},
+            {"Simulator/Modules/other.dll", "own dll"},
+            {"Simulator/Modules/Nimbrel/Data/History.nbh", ""},
+            {"Simulator/Modules/Nimbrel/nimbrel", "program"},
+            {"Simulator/Modules/Nimbrel Originals/files/Texture/DAY.bmp", "own day"},
+            {kStoredSun, "own sun"},
+            {kLink, "-> ../../outside"}};
+  for (const std::string folder : {"", "outside/", "Simulator/", "Simulator/Texture/"}) {
+    tree[folder + std::string(kLeftOver)] = "half";
   }
-  Tree tree{{"simulator/Texture/out", "l../../outside"}};
-  for (const auto& [path, content] : files) {
-    tree[path] = "f" + content;
-    for (fs::path above = fs::path(path).parent_path(); !above.empty();
-         above = above.parent_path()) {
-      tree[above.string()] = "d";
+  Tree folders;
+  for (const auto& [path, content] : tree) {
+    for (std::size_t cut = path.find('/'); cut != std::string::npos;
+         cut = path.find('/', cut + 1)) {
+      folders[path.substr(0, cut + 1)] = "";
     }
   }
+  tree.merge(folders);
   return tree;
 }
 
-enum class Task { kRestore, kRemove, kRestoreAndRemove, kSetUp };
-
-/// How the input's first byte has the world and the run.
-struct Choices {
-  Task task;
-  bool wrapped;    ///< the input is only the entries of a list
-  bool installed;  ///< the pack's files stand in the simulator
-  bool damaged;    ///< a stored original has changed
-  bool lost;       ///< it is gone
-};
-
-Choices ChoicesOf(unsigned byte) {
-  return {static_cast<Task>(byte & 3U), (byte & 4U) != 0, (byte & 8U) != 0, (byte & 16U) != 0,
-          (byte & 32U) != 0};
-}
-
+/// A list with the entries, complete.
 std::string ListOf(const std::string& entries) {
   std::istringstream lines(entries);
   std::size_t originals = 0;
@@ -95,91 +84,84 @@ std::string ListOf(const std::string& entries) {
   return "Nimbrel originals 1\n" + entries + last + "end " + std::to_string(originals) + "\n";
 }
 
-Tree WorldOf(const Choices& choices, const std::string& input) {
-  static const Tree kWorld = World();
-  Tree tree = kWorld;
-  tree[kManifest] = "f" + (choices.wrapped ? ListOf(input) : input);
-  if (choices.installed) {
-    tree["simulator/Texture/sun.bmp"] = "fpack sun";
-    tree["simulator/Texture/halo.bmp"] = "fpack halo";
-    tree.erase("simulator/Texture/DAY.bmp");
-    tree["simulator/Texture/day.bmp"] = "fpack day";
+/// The bits of the input's first byte; the two lowest are the task.
+constexpr unsigned kWrapped = 4;    ///< the input is only the entries of a list
+constexpr unsigned kInstalled = 8;  ///< the pack's files are in the simulator
+constexpr unsigned kDamaged = 16;   ///< a stored original has changed
+constexpr unsigned kLost = 32;      ///< it is gone
+
+Tree WorldOf(unsigned bits, const std::string& input) {
+  static const Tree kBase = BaseWorld();
+  Tree tree = kBase;
+  tree[kManifest] = (bits & kWrapped) != 0 ? ListOf(input) : input;
+  if ((bits & kInstalled) != 0) {
+    tree["Simulator/Texture/sun.bmp"] = "pack sun";
+    tree["Simulator/Texture/halo.bmp"] = "pack halo";
+    tree.erase("Simulator/Texture/DAY.bmp");
+    tree["Simulator/Texture/day.bmp"] = "pack day";
   }
-  if (choices.damaged) {
-    tree[kStoredSun] = "fown sum";
+  if ((bits & kDamaged) != 0) {
+    tree[kStoredSun] = "own sum";
   }
-  if (choices.lost) {
+  if ((bits & kLost) != 0) {
     tree.erase(kStoredSun);
   }
   return tree;
 }
 
-Tree ReadWorld() {
-  Tree tree;
-  const std::string world = fuzz::World("").string();
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(world)) {
-    tree[entry.path().string().substr(world.size())] =
-        entry.is_symlink()     ? "l" + fs::read_symlink(entry).string()
-        : entry.is_directory() ? "d"
-                               : "f" + fuzz::Get(entry);
-  }
-  return tree;
-}
+Tree ReadWorld() { return Files(fuzz::Outside()); }
 
-void Make(const std::string& path, const std::string& entry) {
-  const fs::path place = fuzz::World(path);
-  const std::string_view content = std::string_view(entry).substr(1);
-  if (entry[0] == 'd') {
-    fs::create_directory(place);
-  } else if (entry[0] == 'l') {
-    fs::create_symlink(content, place);
+void Make(const std::string& path, const std::string& content) {
+  const fs::path place = fuzz::Outside() / path;
+  if (path.ends_with('/')) {
+    fs::create_directories(place);
+  } else if (path == kLink) {
+    fs::create_symlink(content.substr(3), place);
   } else {
     fuzz::Put(place, std::as_bytes(std::span(content)));
   }
 }
 
+const std::string& ContentOf(const Tree& tree, const std::string& path) {
+  const auto found = tree.find(path);
+  return found == tree.end() ? kGone : found->second;
+}
+
 /// Turns what is on disk into what is wanted.
 void ChangeWorld(const Tree& present, const Tree& wanted) {
-  const auto is_in = [](const auto& entry, const Tree& tree) {
-    const auto found = tree.find(entry.first);
-    return found != tree.end() && found->second == entry.second;
-  };
   std::for_each(present.rbegin(), present.rend(), [&](const auto& entry) {
-    if (!is_in(entry, wanted)) {
-      fs::remove(fuzz::World(entry.first));
+    if (ContentOf(wanted, entry.first) != entry.second) {
+      const std::string path = (fuzz::Outside() / entry.first).string();
+      fs::remove(path.ends_with('/') ? path.substr(0, path.size() - 1) : path);
     }
   });
-  for (const auto& entry : wanted) {
-    if (!is_in(entry, present)) {
-      Make(entry.first, entry.second);
+  for (const auto& [path, content] : wanted) {
+    if (ContentOf(present, path) != content) {
+      Make(path, content);
     }
   }
 }
 
-SetupSources Sources() {
-  return {fuzz::World("pack/program").string(), fuzz::World("pack").string()};
-}
+std::string Simulator() { return fuzz::Simulator().Simulator().parent_path().string(); }
 
 int Run(const std::string& task) {
+  const SetupSources sources{(fuzz::Outside() / "pack/program").string(),
+                             (fuzz::Outside() / "pack").string()};
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
-  const int status =
-      RunSetup({"--yes", task, "--", fuzz::Simulator("").string()}, Sources(), {in, out, err});
+  const int status = RunCommand({task, "--yes", "--", Simulator()}, sources, {in, out, err});
   Require(status == kDone || (status == kFailed && !err.str().empty()));
   return status;
 }
 
-std::optional<Manifest> Read() {
+std::optional<Manifest> ReadList() {
+  platform::FileSystem files(kTemporaryPrefix);
   try {
-    return ReadManifest(fuzz::World(kManifest).string());
-  } catch (const SetupFailure&) {
+    return ReadManifest(files, (fuzz::Outside() / kManifest).string());
+  } catch (const ActionFailed&) {
     return std::nullopt;
   }
-}
-
-bool IsBelow(std::string_view path, std::string_view folder) {
-  return path == folder || (path.starts_with(folder) && path.substr(folder.size())[0] == '/');
 }
 
 Tree Folded(const Tree& tree) {
@@ -190,126 +172,115 @@ Tree Folded(const Tree& tree) {
   return folded;
 }
 
-/// What a run may make of the simulator's files: by folded paths their contents, empty for none.
+/// What a run may make of the simulator's files: contents by folded path.
 Tree ChangesOf(const Tree& before, const Manifest& manifest) {
   Tree changes;
   for (const auto& [path, content] : before) {
-    if (path.starts_with(kSimulator) && path.ends_with(kLeftOver)) {
-      changes[path] = "";
+    if (path.starts_with(platform::FoldName(kSimulator)) &&
+        path.ends_with(platform::FoldName(kLeftOver))) {
+      changes[path] = kGone;
     }
   }
   for (const Original& original : manifest.originals) {
     const std::string path = platform::FoldName(original.path);
-    const auto stored = before.find(platform::FoldName(kStore) + "/files/" + path);
-    if (original.was == Was::kAbsent) {
-      changes[std::string(kSimulator) + path] = "";
-    } else if (original.was == Was::kKept && stored != before.end()) {
-      changes[std::string(kSimulator) + path] = stored->second;
+    const std::string& stored =
+        ContentOf(before, platform::FoldName(std::string(kStore) + "files/") + path);
+    const bool kept = original.state == OriginalState::kKept;
+    if (original.state == OriginalState::kAbsent || (kept && stored != kGone)) {
+      changes[platform::FoldName(kSimulator) + path] = kept ? stored : kGone;
     }
   }
   return changes;
 }
 
-/// `skip`: the folder that a run may change as it likes.
+/// `skip`: the folder in which a run may change anything; empty for none.
 void CheckChanges(const Tree& before, const Tree& after, const Manifest& manifest,
                   std::string_view skip) {
   const Tree was = Folded(before);
   const Tree is = Folded(after);
   const Tree changes = ChangesOf(was, manifest);
-  const auto content = [](const Tree& tree, const std::string& path) {
-    const auto found = tree.find(path);
-    return found == tree.end() ? std::string() : found->second;
-  };
   for (const Tree* tree : {&was, &is}) {
     for (const auto& [path, ignored] : *tree) {
-      const std::string now = content(is, path);
+      const std::string& now = ContentOf(is, path);
+      const bool skipped = !skip.empty() && path.starts_with(platform::FoldName(skip));
       const auto change = changes.find(path);
-      Require(now == content(was, path) || IsBelow(path, platform::FoldName(skip)) ||
+      Require(now == ContentOf(was, path) || skipped ||
               (change != changes.end() && change->second == now));
     }
   }
 }
 
-bool NothingLeft(const Manifest& manifest) {
-  const RestorePlan plan =
-      PlanRestoring(FindPlaces(fuzz::Simulator("").string(), Sources()), manifest);
-  return plan.bring_back.empty() && plan.rename.empty() && plan.take_away.empty() &&
-         plan.lost.empty();
+/// True if another restore would find nothing to do.
+bool IsRestored(const Manifest& manifest) {
+  Disk disk;
+  const Places places = FindPlaces(disk, Simulator());
+  return !NeedsConfirmation(PlanRestoration(Store(places, disk), manifest));
 }
 
-bool StoreStands(const Tree& before, const Tree& after) {
+bool StoreIsUnchanged(const Tree& before, const Tree& after) {
   return std::all_of(before.begin(), before.end(), [&](const auto& entry) {
-    const auto now = after.find(entry.first);
-    return !IsBelow(entry.first, kStore) || (now != after.end() && now->second == entry.second);
+    return !entry.first.starts_with(kStore) || ContentOf(after, entry.first) == entry.second;
   });
 }
 
 Tree RestoreAndCheck(const Tree& before, const Manifest& manifest) {
-  const int status = Run("--restore");
+  const int status = Run("restore");
   Tree after = ReadWorld();
-  CheckChanges(before, after, manifest, "none");
-  Require(StoreStands(before, after));
-  Require(status == kFailed || NothingLeft(manifest));
+  CheckChanges(before, after, manifest, "");
+  Require(StoreIsUnchanged(before, after));
+  Require(status == kFailed || IsRestored(manifest));
   return after;
 }
 
 Tree RemoveAndCheck(const Tree& before, const Manifest& manifest) {
-  const int status = Run("--remove");
+  const int status = Run("remove");
   Tree after = ReadWorld();
   CheckChanges(before, after, manifest, kModules);
-  Require(after.at("simulator/Modules/other.dll") == "fown dll");
-  Require(status == kDone ? !after.contains(std::string(kStore)) && NothingLeft(manifest)
-                          : StoreStands(before, after));
+  Require(after.at("Simulator/Modules/other.dll") == "own dll");
+  Require(status == kDone ? !after.contains(std::string(kStore)) && IsRestored(manifest)
+                          : StoreIsUnchanged(before, after));
   return after;
 }
 
-/// The list keeps what it had, and what it says is still in the store stays there.
+/// The list keeps its entries; the store keeps what is in it.
 Tree SetUpAndCheck(const Tree& before, const Manifest& manifest) {
-  Require(Run("--yes") == kDone);
+  Require(Run("setup") == kDone);
   Tree after = ReadWorld();
   CheckChanges(before, after, {}, kModules);
-  const std::optional<Manifest> now = Read();
+  const std::optional<Manifest> now = ReadList();
   Require(now && now->originals.size() >= manifest.originals.size());
   for (std::size_t i = 0; i < manifest.originals.size(); ++i) {
     const Original& was = manifest.originals[i];
     const Original& is = now->originals[i];
-    Require(is.path == was.path && is.was == was.was && is.size == was.size &&
+    Require(is.path == was.path && is.state == was.state && is.size == was.size &&
             is.checksum == was.checksum);
   }
   return after;
 }
 
-Tree RunAndCheck(Task task, const Tree& before, const Manifest& manifest) {
-  switch (task) {
-    case Task::kRestore:
-      return RestoreAndCheck(before, manifest);
-    case Task::kRemove:
-      return RemoveAndCheck(before, manifest);
-    case Task::kSetUp:
-      return SetUpAndCheck(before, manifest);
-    default:
-      return RemoveAndCheck(RestoreAndCheck(before, manifest), manifest);
-  }
-}
-
 }  // namespace
 
 /// A byte of choices, then any bytes as the list of the originals: a list that is refused changes
-/// nothing; by any other a restore, a removal or a setup changes what is listed, inside the
+/// nothing; with any other a restore, a removal or a setup changes what is listed, inside the
 /// simulator, and nothing else.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static Tree present;
+  static Tree present = ReadWorld();
   auto input = std::as_bytes(std::span(data, size));
-  const Choices choices = ChoicesOf(fuzz::TakeByte(input));
-  Tree before = WorldOf(choices, std::string(fuzz::Text(input)));
+  const unsigned bits = fuzz::TakeByte(input);
+  const unsigned task = bits & 3U;
+  const Tree before = WorldOf(bits, std::string(fuzz::Text(input)));
   ChangeWorld(present, before);
-  if (const std::optional<Manifest> manifest = Read()) {
-    present = RunAndCheck(choices.task, before, *manifest);
-    return 0;
+  const std::optional<Manifest> manifest = ReadList();
+  if (!manifest) {
+    constexpr std::array<const char*, 4> kTasks{"restore", "remove", "remove", "setup"};
+    Require(Run(kTasks[task]) == kFailed);
+    present = ReadWorld();
+    Require(present == before);
+  } else if (task == 3) {
+    present = SetUpAndCheck(before, *manifest);
+  } else {
+    present = task == 1 ? before : RestoreAndCheck(before, *manifest);
+    present = task == 0 ? present : RemoveAndCheck(present, *manifest);
   }
-  constexpr std::array<const char*, 4> kTasks{"--restore", "--remove", "--remove", "--yes"};
-  Require(Run(kTasks[static_cast<std::size_t>(choices.task)]) == kFailed);
-  present = ReadWorld();
-  Require(present == before);
   return 0;
 }

@@ -5,7 +5,7 @@ using fuzz::Require;
 
 /// Any bytes as a picture of the skin or the catalogue: refused, or one whose corners can be read.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::filesystem::path file = fuzz::Program("picture.bmp");
+  const std::filesystem::path file = fuzz::Simulator().Program("picture.bmp");
   fuzz::Put(file, std::as_bytes(std::span(data, size)));
   toolkit::GpImage image;
   const toolkit::Status status = toolkit::GdipLoadImageFromFile(file.string(), image);

@@ -1,51 +1,30 @@
-#include <cstdlib>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/FileSystem.h"
+#include "platform/inifile.h"
 #include "settings/Catalogue.h"
-#include "settings/Functions_Configuration.h"
-#include "settings/mod_ReadConfiguration.h"
-#include "settings/mod_WriteConfiguration.h"
-#include "shell/MainSwitches.h"
+#include "settings/Configuration.h"
+#include "settings/Failure.h"
+#include "settings/Folders.h"
 #include "support.h"
-#include "support/recorders.h"
 
 using namespace nimbrel;
 using fuzz::Require;
 
 namespace {
 
-std::filesystem::path File() { return fuzz::Program("NB_Information.cfg"); }
-
-[[maybe_unused]] const bool kSettled = fuzz::LetFilesSettle();
-
-/// The four readers in the order of the start; false when one has ended the program.
-bool Load() {
-  try {
-    LoadCumulusConfiguration();
-    LoadSkyConfiguration();
-    LoadWaterConfiguration();
-    LoadMainConfiguration();
-    return true;
-  } catch (const ProgramEnded&) {
-    return false;
-  }
+MachineSwitches ReadSwitches(const Folders& folders) {
+  platform::FileSystem files(kTemporaryPrefix);
+  return ReadMachineSwitches(platform::IniFile(files, InformationFile(folders)));
 }
 
-/// Calls `visit` for every row of every group that the file gives.
-template <typename Visit>
-void ForEachRow(Visit visit) {
-  for (const OptionGroup& group : kOptionGroups) {
-    const auto family = static_cast<std::size_t>(group.family);
-    const int highest = Catalogue.HighestIndex[family][static_cast<std::size_t>(group.index)];
-    for (int option = 0; option <= highest; ++option) {
-      TextureOption* const row =
-          Catalogue.Tables[family].Cell(group.index, static_cast<std::int16_t>(option));
-      if (row == nullptr) {
-        std::abort();
-      }
-      visit(*row);
-    }
+std::optional<Catalogue> Read(const Folders& folders) {
+  try {
+    return ReadCatalogue(folders);
+  } catch (const ActionFailed&) {
+    return std::nullopt;
   }
 }
 
@@ -55,55 +34,58 @@ struct Contents {
   bool operator==(const Contents&) const = default;
 };
 
-Contents ReadContents() {
+Contents ContentsOf(const Catalogue& catalogue) {
   Contents contents{
-      {Catalogue.CloudDestination, Catalogue.DestinationCirrus, Catalogue.SkyDestination,
-       Catalogue.DestinationWater, Catalogue.DestinationWaves},
-      {Catalogue.sunInhibitRandomizer, Catalogue.contrailsInhibitRandomizer,
-       Switches().chk_DXT.Value(), Switches().chk_Fast.Value()}};
-  ForEachRow([&](const TextureOption& row) {
-    contents.texts.insert(contents.texts.end(), {row.Textures, row.Title, row.Description});
-    contents.flags.push_back(row.InhibitRandomizer);
-  });
+      {catalogue.CloudDestination, catalogue.DestinationCirrus, catalogue.SkyDestination,
+       catalogue.DestinationWater, catalogue.DestinationWaves},
+      {catalogue.sunInhibitRandomizer, catalogue.contrailsInhibitRandomizer}};
+  for (const auto& options : catalogue.options) {
+    for (const TextureOption& row : options) {
+      contents.texts.insert(contents.texts.end(),
+                            {row.Preview, row.Textures, row.Title, row.Description});
+      contents.flags.push_back(row.InhibitRandomizer);
+    }
+  }
   return contents;
 }
 
-void FlipFlags() {
+void FlipFlags(Catalogue& catalogue) {
   const auto flip = [](std::int16_t& flag) { flag = flag == 1 ? 0 : 1; };
-  flip(Catalogue.sunInhibitRandomizer);
-  flip(Catalogue.contrailsInhibitRandomizer);
-  ForEachRow([&](TextureOption& row) { flip(row.InhibitRandomizer); });
-  Switches().chk_DXT.SetValue(Switches().chk_DXT.Value() == 1 ? 0 : 1);
+  flip(catalogue.sunInhibitRandomizer);
+  flip(catalogue.contrailsInhibitRandomizer);
+  for (auto& options : catalogue.options) {
+    for (TextureOption& row : options) {
+      flip(row.InhibitRandomizer);
+    }
+  }
 }
 
-void WriteBack() {
-  WriteMainFlags();
-  WriteInhibitFlags();
+void Write(const Catalogue& catalogue, const MachineSwitches& switches, const Folders& folders) {
+  Require(WriteInhibitFlags(catalogue, folders) == platform::FileStatus::kOk);
+  Require(WriteMachineSwitches(switches, folders) == platform::FileStatus::kOk);
 }
 
 }  // namespace
 
-/// Any bytes as the information file: the start is broken off with a message and nothing is ever
-/// written back, or all flags are, and come back with every text as it was.
+/// Any bytes as the information file: refused, or all flags can be written back and are read again
+/// with every text as it was.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto input = std::as_bytes(std::span(data, size));
-  Recorded = {};
-  Catalogue = {};
-  fuzz::Put(File(), input);
-  const bool loaded = Load();
-  Require(loaded == ConfigurationLoaded() && loaded == Recorded.messages.empty());
-  if (!loaded) {
-    WriteBack();
-    Require(fuzz::Get(File()) == fuzz::Text(input));
+  const Folders folders = fuzz::Simulator().folders();
+  const std::filesystem::path file = fuzz::Simulator().Program("NB_Information.cfg");
+  fuzz::Put(file, std::as_bytes(std::span(data, size)));
+  std::optional<Catalogue> catalogue = Read(folders);
+  if (!catalogue) {
     return 0;
   }
-  FlipFlags();
-  const Contents flipped = ReadContents();
-  WriteBack();
-  Catalogue = {};
-  Require(Load() && ReadContents() == flipped);
-  const std::string written = fuzz::Get(File());
-  WriteBack();
-  Require(fuzz::Get(File()) == written);
+  FlipFlags(*catalogue);
+  MachineSwitches switches = ReadSwitches(folders);
+  switches.dxt = !switches.dxt;
+  Write(*catalogue, switches, folders);
+  const std::optional<Catalogue> again = Read(folders);
+  Require(again && ContentsOf(*again) == ContentsOf(*catalogue));
+  Require(ReadSwitches(folders) == switches);
+  const std::string written = ReadText(file);
+  Write(*again, switches, folders);
+  Require(ReadText(file) == written);
   return 0;
 }

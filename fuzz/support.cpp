@@ -1,64 +1,43 @@
 #include "support.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
 #include <cstdlib>
-#include <ctime>
-#include <iterator>
-
-#include "platform/Descriptor.h"
-#include "platform/system.h"
-#include "settings/Functions_Configuration.h"
-#include "toolkit/forms.h"
+#include <fstream>
+#include <optional>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-/// The real-time clock stands so many seconds ahead of the files' stamps.
-// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): set once, before all else
-std::time_t seconds_ahead = 0;
-
-/// Made at the start and gone at the end; one that a crash leaves behind lies in memory.
-class Tree {
+/// Made at the start and removed at the end; one that a crash leaves behind is in memory.
+class MemoryFolder {
  public:
-  Tree() {
+  MemoryFolder() {
     const fs::path memory("/dev/shm");
     std::string name =
         (fs::exists(memory) ? memory : fs::temp_directory_path()) / "nimbrel-fuzz-XXXXXX";
     fuzz::Require(mkdtemp(name.data()) != nullptr);
-    world_ = fs::canonical(name);
-    simulator_ = world_ / "simulator";
-    program_ = simulator_ / "Modules" / "Nimbrel";
-    fs::create_directories(program_);
-    platform::SetApplicationFolder(program_.string());
-    nimbrel::SimulatorRoot = program_.string() + "\\..\\..\\";
+    path_ = fs::canonical(name);
+    world_.emplace(path_);
   }
-  Tree(const Tree&) = delete;
-  Tree& operator=(const Tree&) = delete;
-  ~Tree() {
+  MemoryFolder(const MemoryFolder&) = delete;
+  MemoryFolder& operator=(const MemoryFolder&) = delete;
+  ~MemoryFolder() {
     std::error_code ignored;
-    fs::remove_all(world_, ignored);
+    fs::remove_all(path_, ignored);
   }
 
-  const fs::path& World() const { return world_; }
-  const fs::path& Simulator() const { return simulator_; }
-  const fs::path& Program() const { return program_; }
+  const fs::path& path() const { return path_; }
+  const World& world() const { return *world_; }
 
  private:
-  fs::path world_;
-  fs::path simulator_;
-  fs::path program_;
+  fs::path path_;
+  std::optional<World> world_;
 };
 
-const Tree& TheTree() {
-  static const Tree tree;
-  return tree;
+const MemoryFolder& TheFolder() {
+  static const MemoryFolder folder;
+  return folder;
 }
 
 }  // namespace
@@ -69,25 +48,6 @@ extern "C" const char* __asan_default_options() {
   return "malloc_context_size=8:quarantine_size_mb=16";
 }
 
-/// The system's, but for the head start. It stands in for the C library's own.
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
-extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
-  const auto result = static_cast<int>(syscall(SYS_clock_gettime, clock, time));
-  time->tv_sec += clock == CLOCK_REALTIME ? seconds_ahead : 0;
-  return result;
-}
-
-/// The toolkit stands throughout: switches are check boxes, pictures and pointers its own.
-// NOLINTNEXTLINE(readability-non-const-parameter): the fuzzer's own declaration
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
-  setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  // Never destroyed: the fuzzer ends by exit, when what the toolkit's windows stand on is gone.
-  static const auto* const application = new toolkit::Application(*argc, *argv);
-  fuzz::Require(application != nullptr);
-  TheTree();
-  return 0;
-}
-
 namespace fuzz {
 
 void Require(bool holds) {
@@ -96,8 +56,8 @@ void Require(bool holds) {
   }
 }
 
-void RequireOneEdit(std::string_view before, std::string_view after, std::size_t most_before,
-                    std::size_t most_after) {
+void RequireOneEdit(std::string_view before, std::string_view after, std::size_t max_before,
+                    std::size_t max_after) {
   const auto front = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
   before.remove_prefix(static_cast<std::size_t>(front.first - before.begin()));
   after.remove_prefix(static_cast<std::size_t>(front.second - after.begin()));
@@ -105,45 +65,18 @@ void RequireOneEdit(std::string_view before, std::string_view after, std::size_t
     before.remove_suffix(1);
     after.remove_suffix(1);
   }
-  Require(before.size() <= most_before && after.size() <= most_after);
+  Require(before.size() <= max_before && after.size() <= max_after);
 }
 
-fs::path Program(std::string_view file) { return TheTree().Program() / file; }
+const World& Simulator() { return TheFolder().world(); }
 
-fs::path Simulator(std::string_view file) { return TheTree().Simulator() / file; }
-
-fs::path World(std::string_view file) { return TheTree().World() / file; }
-
-bool LetFilesSettle() {
-  constexpr std::time_t kHour = 3600;
-  seconds_ahead = kHour;
-  return true;
-}
+const fs::path& Outside() { return TheFolder().path(); }
 
 void Put(const fs::path& file, Bytes bytes) {
-  static fs::path known_folder;
-  static std::time_t moment = 0;
-  if (file.parent_path() != known_folder) {
-    known_folder = file.parent_path();
-    fs::create_directories(known_folder);
-  }
-  const platform::Descriptor out(
-      open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR));
-  Require(out.IsOpen());
-  Require(write(out.Number(), bytes.data(), bytes.size()) == std::ssize(bytes));
-  // No two contents under one stamp.
-  const timespec stamp{++moment, 1};
-  const std::array<timespec, 2> stamps{stamp, stamp};
-  Require(futimens(out.Number(), stamps.data()) == 0);
-}
-
-std::string Get(const fs::path& file) {
-  const platform::Descriptor in(open(file.c_str(), O_RDONLY | O_CLOEXEC));
-  struct stat facts {};
-  Require(in.IsOpen() && fstat(in.Number(), &facts) == 0);
-  std::string text(static_cast<std::size_t>(facts.st_size), '\0');
-  Require(read(in.Number(), text.data(), text.size()) == std::ssize(text));
-  return text;
+  fs::create_directories(file.parent_path());
+  std::ofstream out(file, std::ios::binary | std::ios::trunc);
+  out.write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+  Require(out.flush().good());
 }
 
 Bytes TakePart(Bytes& input) {

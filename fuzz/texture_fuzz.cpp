@@ -1,6 +1,7 @@
 #include <array>
 #include <string>
 
+#include "platform/FileSystem.h"
 #include "platform/qvdds.h"
 #include "support.h"
 
@@ -14,15 +15,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr std::string_view kOld = "the last run's texture";
   auto input = std::as_bytes(std::span(data, size));
   const std::int32_t format = kFormats[fuzz::TakeByte(input) % kFormats.size()];
-  const std::filesystem::path color = fuzz::Program("color.bmp");
-  const std::filesystem::path alpha = fuzz::Program("alpha.bmp");
-  const std::filesystem::path output = fuzz::Program("output.bmp");
+  const std::filesystem::path color = fuzz::Simulator().Program("color.bmp");
+  const std::filesystem::path alpha = fuzz::Simulator().Program("alpha.bmp");
+  const std::filesystem::path output = fuzz::Simulator().Program("output.bmp");
   fuzz::Put(color, fuzz::TakePart(input));
   fuzz::Put(alpha, input);
   fuzz::Put(output, std::as_bytes(std::span(kOld)));
-  const std::int32_t done =
-      platform::BMPScompressBMP(color.string(), alpha.string(), format, -1, -1, output.string());
-  const std::string texture = fuzz::Get(output);
+  platform::FileSystem files("~fuzz-");
+  const std::int32_t done = platform::BMPScompressBMP(color.string(), alpha.string(), format, -1,
+                                                      -1, output.string(), files);
+  const std::string texture = ReadText(output);
   if (done == 0) {
     Require(texture == kOld);
     return 0;

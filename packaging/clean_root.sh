@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
-# clean_root.sh [FOLDER]: what the package does on a fresh Debian 12, which debootstrap makes, in
-# FOLDER when that is given. Builds the package and lets apt install it there from the mirror. An
-# ordinary user puts Nimbrel into a demo simulator, installs textures by pressing the real button,
-# restores and removes; then the package is purged. Fails when anything is missing or stays behind.
-# Needs root and the network.
+# clean_root.sh [FOLDER]: tests the package on a fresh Debian 12 that debootstrap makes, in FOLDER if
+# given. Builds the package and installs it there by apt. An ordinary user sets Nimbrel up in a demo
+# simulator, installs textures by pressing the real button, restores and removes; then the package is
+# purged. Fails if anything is missing or left over. Needs root and the network.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 . tools/packages.sh
@@ -34,7 +33,7 @@ apt() {
   inside DEBIAN_FRONTEND=noninteractive apt-get -q -y -o Acquire::Retries=3 "$@" \
     >"$work/apt.log" 2>&1 || fail "apt-get $*: $(tail "$work/apt.log")"
 }
-# What the system consists of, without what apt and dpkg write down about their own work.
+# The files of the system, without the records of apt and dpkg.
 system() {
   local path out=()
   for path in proc sys dev tmp home var/lib/apt var/lib/dpkg var/cache var/log; do
@@ -42,10 +41,7 @@ system() {
   done
   (cd "$root" && find . -xdev "${out[@]}" -printf '%y %M %u:%g %p\n' | sort -k 4)
 }
-everything() { # FOLDER: its files and folders by name, and the files' sums
-  (cd "$1" && find . -printf '%y %p\n' | sort && find . -type f -exec sha256sum {} + | sort -k 2)
-}
-setup() { as_user nimbrel-setup --yes "$@" "/home/user/Flight Simulator 9"; }
+ctl() { as_user nimbrelctl "$1" --yes "/home/user/Flight Simulator 9"; }
 
 say "Building the package"
 build=${BUILD:-build/package}
@@ -64,19 +60,19 @@ apt update
 inside id user >/dev/null 2>&1 || inside useradd -m -u 1000 user
 system >"$work/before"
 
-say "Installing it, without what it recommends"
+say "Installing it, without recommended packages"
 install -m 644 "$build"/nimbrel_*.deb "$root/tmp/nimbrel.deb"
 apt install --no-install-recommends /tmp/nimbrel.deb
 rm "$root/tmp/nimbrel.deb"
 inside dpkg -s nimbrel | grep -E '^(Status|Version|Depends|Installed-Size)'
 inside dpkg --verify nimbrel
-for program in /usr/bin/nimbrel-setup /usr/lib/nimbrel/nimbrel; do
+for program in /usr/bin/nimbrelctl /usr/lib/nimbrel/nimbrel; do
   ! inside ldd "$program" | grep 'not found' || fail "$program lacks a library"
 done
-as_user nimbrel-setup --version
-as_user nimbrel-setup --help | head -n 3
+as_user nimbrelctl --version
+as_user nimbrelctl --help | head -n 3
 
-say "Putting it into a simulator"
+say "Setting it up in a simulator"
 "$build/demo/nimbrel-demo" "$work/demo" >/dev/null
 SIMULATOR="$root/home/user/Flight Simulator 9"
 PROGRAM="$SIMULATOR/Modules/Nimbrel"
@@ -89,7 +85,7 @@ mkdir "$root/home/user/run"
 chmod 700 "$root/home/user/run"
 chown -R 1000:1000 "$root/home/user"
 everything "$SIMULATOR" >"$work/simulator"
-setup
+ctl setup
 
 say "Using it there"
 SCREEN_OPTIONS=(-ac)
@@ -107,9 +103,9 @@ no_temporaries
 stop_screen
 unset DISPLAY
 
-say "Taking it out"
-setup --restore
-setup --remove
+say "Restoring and removing"
+ctl restore
+ctl remove
 everything "$SIMULATOR" | diff "$work/simulator" - >&2 || fail "the simulator is not as it was"
 
 say "Purging the package"
@@ -117,4 +113,4 @@ apt purge nimbrel
 apt autoremove --purge
 system | diff "$work/before" - >&2 || fail "the system is not as it was"
 ! inside dpkg-query -W nimbrel >/dev/null 2>&1 || fail "dpkg still knows the package"
-say "Nothing stays behind"
+say "Nothing is left over"

@@ -7,11 +7,11 @@
 #include <string_view>
 #include <vector>
 
-/// What a picture's transparent places become in its file.
+/// What a picture's transparent pixels become in its file.
 enum class Ground : std::uint8_t {
-  kNone,    ///< it has to be opaque
+  kNone,    ///< not allowed: the picture must be opaque
   kBlack,   ///< a window: outside its element "outline", with a hard edge
-  kWhite,   ///< keyed when it is loaded, with a hard edge; a row of pictures, numbered from 0
+  kWhite,   ///< the key colour of its loading, with a hard edge; a row of pictures, numbered from 0
   kPointer  ///< a cursor file, with its alpha
 };
 
@@ -20,7 +20,7 @@ struct Picture {
   int width;
   int height;  ///< of one frame
   Ground ground = Ground::kNone;
-  const char* region = nullptr;  ///< the region file that its outline makes
+  const char* region = nullptr;  ///< the region file made from its outline
 };
 
 constexpr std::array kPictures = {

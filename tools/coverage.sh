@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# coverage.sh: builds the tests so that they count what they run, runs them all, the journeys of the
-# real program too, and prints how many lines and branches of each layer they reach. What no test
-# reaches goes to build/coverage/missed.txt, every line with its counts to build/coverage/lines.txt.
-# Takes about a quarter of an hour.
+# coverage.sh: runs all tests with coverage counters, the journeys of the real program too, and prints
+# how many lines and branches of each layer they reach. Writes what no test reaches to
+# build/coverage/missed.txt and every line with its counts to build/coverage/lines.txt. Takes about a
+# quarter of an hour.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 . tools/packages.sh
@@ -10,30 +10,29 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 need_packages "${BUILD_PACKAGES[@]}" "${SCREEN_PACKAGES[@]}" "${TEST_PACKAGES[@]}" \
   "${COVERAGE_PACKAGES[@]}"
 build=${BUILD:-$PWD/build/coverage}
-# A compiler cache that writes paths in its own way would part the counts from the sources.
+# Rewritten paths of a compiler cache would separate the counts from the sources.
 export CCACHE_BASEDIR=
 rm -rf "$build/profiles" && mkdir -p "$build/profiles"
-# Counters that live in the file itself: they also hold what a test did that was killed, or ended
-# without any farewell.
+# Counters that are mapped from the file: those of a test that is killed are kept too.
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++-14 -DNIMBREL_TESTS=ON \
   -DCMAKE_CXX_FLAGS="-fprofile-instr-generate -fcoverage-mapping -mllvm -runtime-counter-relocation" >/dev/null
-# The build runs programs of its own, and lists the tests by running them. What they reach is no test.
+# The build runs the demo and lists the tests. That is no testing, so it is not counted.
 LLVM_PROFILE_FILE=/dev/null cmake --build "$build" -j "$(nproc)" >&2
 failed=0
 LLVM_PROFILE_FILE="$build/profiles/%p%c.profraw" \
   ctest --test-dir "$build" -j "$(nproc)" --output-on-failure >"$build/tests.log" || failed=1
 tail -n 20 "$build/tests.log" >&2
 
-# A process that was killed before it had its counters leaves an empty file.
+# A process that is killed before its counters are set up leaves an empty file.
 find "$build/profiles" -name '*.profraw' -size +0 >"$build/profiles.txt"
 llvm-profdata-14 merge -f "$build/profiles.txt" -o "$build/all.profdata"
 rm -rf "$build/profiles"
 objects=()
-for program in "$build"/tests/test_* "$build/nimbrel" "$build/nimbrel-setup"; do
+for program in "$build"/tests/test_* "$build/nimbrel" "$build/nimbrelctl"; do
   [[ -x $program && -f $program ]] && objects+=(-object "$program")
 done
-# coverage COMMAND OPTION...: of the sources, without the tests. It warns of inline functions that
-# some program does not use.
+# coverage COMMAND OPTION...: llvm-cov for the sources, without the tests. Its log holds warnings about
+# inline functions that some program does not use.
 coverage() {
   local command=$1
   shift
@@ -59,10 +58,7 @@ awk -F '|' '
 # Of each file: regions, functions, lines and branches, each as number, missed, percent.
 coverage report | awk '
   function layer(file) {
-    if (file ~ /shell\/(frm_Msg|mod_GDIP_DrawingRoutines)\./) return "dialog"
-    if (file ~ /settings\/mod_Main\./ || file !~ /\//) return "startstop"
-    if (file ~ /^(history|randomizer)\/frm_/) return "shell"
-    sub(/\/[^\/]*$/, "", file)
+    sub(/\/.*/, "", file)
     return file
   }
   function share(all, missed) { return all ? sprintf("%5.1f %%", 100 * (all - missed) / all) : "-" }

@@ -1,5 +1,5 @@
-// make_help SOURCE OUTPUT: prints the help's page, with the pictures that it names relative to its
-// own folder, as A4 pages into a PDF file.
+// make_help SOURCE OUTPUT: prints an HTML page as A4 pages into a PDF file. The page names its
+// pictures relative to its own folder.
 #include <QFile>
 #include <QFont>
 #include <QGuiApplication>
@@ -35,8 +35,7 @@ QString ReadText(const QString& file) {
   return QString::fromUtf8(in.readAll());
 }
 
-/// Loads each picture of the text into the document. A missing one is an error, so that no help
-/// goes out with a gap in it.
+/// Loads each picture of the text into the document. A missing picture is an error.
 void AddPictures(QTextDocument& document, const QString& text, const QUrl& base) {
   static const QRegularExpression name(QStringLiteral("<img src=\"([^\"]+)\""));
   for (const QRegularExpressionMatch& match : name.globalMatch(text)) {

@@ -1,24 +1,24 @@
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034
 # What the commands need from Debian 12. To be sourced.
 
 # Building the program, and the demo's pictures.
 BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
-  libgl-dev libcanberra-dev libsquish-dev libssl-dev fonts-dejavu-core)
-# A screen without a monitor, a window manager on it, hands and eyes.
+  libgl-dev libcanberra-dev libsquish-dev libssl-dev libicu-dev fonts-dejavu-core)
+# A screen without a monitor, a window manager on it, and tools to press buttons and compare pictures.
 SCREEN_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick)
 FUZZ_PACKAGES=(clang-14 libclang-rt-14-dev)
 COVERAGE_PACKAGES=(llvm-14)
 BENCH_PACKAGES=(libbenchmark-dev libstb-dev)
-# What the package's menu entry, catalogue entry and manual pages are validated with.
+# Validators of the package's menu entry, metadata and manual pages.
 VALIDATE_PACKAGES=(desktop-file-utils appstream man-db groff-base)
-TEST_PACKAGES=(libgtest-dev libgmock-dev clang-format-14 "${FUZZ_PACKAGES[@]}"
-  "${VALIDATE_PACKAGES[@]}")
+TEST_PACKAGES=(libgtest-dev libgmock-dev python3 clang-format-14 clang-tidy-14 shellcheck
+  "${FUZZ_PACKAGES[@]}" "${VALIDATE_PACKAGES[@]}")
 
-# need_packages NAME...: installs those that are missing; touches the network only then.
+# need_packages NAME...: installs those that are missing; uses the network only then.
 need_packages() {
   local package missing=() as_root=()
   if ! command -v dpkg-query >/dev/null; then
-    echo "Not a Debian system. Taking for granted what these packages give: $*" >&2
+    echo "Not a Debian system. Assuming that these packages or their like are installed: $*" >&2
     return 0
   fi
   for package; do

@@ -9,8 +9,8 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 need_packages "${BUILD_PACKAGES[@]}" "${SCREEN_PACKAGES[@]}"
 build=${BUILD:-build/release}
 if [[ -z ${BUILD:-} ]]; then
-  cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
-  cmake --build $build --target nimbrel nimbrel-demo
+  cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
+  cmake --build "$build" --target nimbrel nimbrel-demo
 fi
 output=$PWD/docs/pictures
 # In memory where that can be: the screen itself and the frames of a turn.
@@ -20,7 +20,7 @@ trap 'exit 130' INT TERM
 mkdir -p "$work/screen" "$work/frames"
 
 program="$work/demo/Flight Simulator 9/Modules/Nimbrel"
-media="$program/Media"
+MEDIA="$program/Media"
 SCREEN_OPTIONS=(-fbdir "$work/screen")
 start_screen "$work/run"
 "$build/demo/nimbrel-demo" "$work/demo"
@@ -28,28 +28,24 @@ install -m 755 "$build/nimbrel" "$program/nimbrel"
 start_program "$program" "$work/program.log"
 main_window
 
-# keep NAME: the main window with what lies over it, without what lies outside its outline, which is
-# black in its artwork. shot NAME: at rest, with the pointer out of the way.
+# keep NAME: saves the main window at rest, with what lies over it, cut to its outline: what is outside
+# is black in its artwork. shot NAME: the same without the pointer.
 keep() {
-  look "$work/shot.png" '0 0 798 603'
-  convert "$work/shot.png" \( "$media/MainInterface.bmp" -fill white +opaque black \) -alpha off \
+  rest WHOLE
+  convert "$SCREEN/now.png" \( "$MEDIA/MainInterface.bmp" -fill white +opaque black \) -alpha off \
     -compose CopyOpacity -composite -define png:compression-level=9 "$output/$1.png"
 }
 shot() {
-  point 620 30
-  sleep 0.6
+  leave_windows
   keep "$1"
 }
 
-# open_page BUTTON-X BUTTON-Y
-open_page() { press page "$PAGE" "$1" "$2"; }
-
-# record_turn BUTTON-X BUTTON-Y: appends the pictures that the screen shows during one turn. The
-# server's own memory is read every few milliseconds; what it holds at one reading alone may be half
-# a picture, so a frame counts when two readings agree.
+# record_turn BUTTON: appends the pictures that the screen shows during one turn. The
+# server's memory is read every few milliseconds. One reading may hold half a picture, so a frame
+# counts only if two readings agree.
 record_turn() {
   local number last="" sum frame
-  point "$1" "$2"
+  point "$1"
   xdotool mousedown 1
   xdotool mouseup 1
   for number in {100..199}; do
@@ -73,52 +69,44 @@ record_turn() {
 recorded=(none)  # the sums of the frames
 animation=()     # the frames, each with its time in hundredths of a second
 
-open_page "${CLOUDS_BUTTON[@]}"
-press option "$RING" "${STEP_RIGHT[@]}"
+press PAGE CLOUDS_BUTTON
+press RING STEP_RIGHT
 shot clouds
-eval "$(xdotool getwindowgeometry --shell "$WINDOW" | grep -E '^[XY]=-?[0-9]+$')"
+find_corner
 for _ in 1 2 3 4; do
-  record_turn 740 447
+  record_turn COUNTERCLOCKWISE
 done
 ((${#recorded[@]} > 10)) || fail "only ${#recorded[@]} pictures of four turns"
 
-open_page "${SKY_BUTTON[@]}"
-press option "$RING" "${STEP_RIGHT[@]}"
+press PAGE SKY_BUTTON
+press RING STEP_RIGHT
 shot sky
-open_page "${WATER_BUTTON[@]}"
-press option "$RING" "${STEP_RIGHT[@]}"
+press PAGE WATER_BUTTON
+press RING STEP_RIGHT
 shot water
-open_page "${HOME_BUTTON[@]}"
+press PAGE HOME_BUTTON
 
 favorite() { # TITLE LINE
-  add_favorite "$1" "$2" ""
-  click "${CONTINUE_BUTTON[@]}"
-  answer "$media" Information "${OK_BUTTON[@]}"
-  wait_until "end of the message" no_window "$MESSAGE_TITLE"
-  main_window
+  add_favorite "$1" "$2"
+  save_favorite
 }
 favorite "Winter morning over the fjord" "Thin cirrus, cold light and a calm sea."
 favorite "Thunder in the afternoon" "Heavy cumulus, long swell."
-add_favorite "Trade wind cumulus" "White clouds on a deep blue sky." ""
-sleep 0.3
+add_favorite "Trade wind cumulus" "White clouds on a deep blue sky."
 keep add-favorite
-find_window "$FAVORITE_TITLE"
-click "${CONTINUE_BUTTON[@]}"
-answer "$media" Information "${OK_BUTTON[@]}"
-wait_until "end of the message" no_window "$MESSAGE_TITLE"
+save_favorite
 main_window
-open_page "${FAVORITES_BUTTON[@]}"
+press PAGE FAVORITES_BUTTON
 shot favorites
-open_page "${RANDOMIZER_BUTTON[@]}"
+press PAGE RANDOMIZER_BUTTON
 shot randomizer
-open_page "${CLOUDS_TAB[@]}"
+press PAGE CLOUDS_TAB
 shot randomizer-clouds
-open_page "${HOME_BUTTON[@]}"
-press_install "$media"
-press_ok
-wait_until "end of the message" no_window "$MESSAGE_TITLE"
+press PAGE HOME_BUTTON
+press_install
+dismiss Information
 shot main
-press_exit || fail "the program ended with status $?"
+exit_program
 
 convert "${animation[@]}" -resize 75% -colors 192 -layers OptimizePlus -loop 0 "$output/ring.gif"
 du -ch "$output"/*.png "$output/ring.gif"

@@ -1,4 +1,5 @@
-// Turns the skin's SVG sources into the pictures, region files and the pointer of Media.
+// nimbrel-artwork SOURCES MEDIA: renders the skin's SVG sources into the pictures, region files and
+// the pointer of Media.
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -92,7 +93,7 @@ std::string Colored(std::string text, const Palette& palette) {
 }
 
 /// "<!-- grain X Y WIDTH HEIGHT LINES -->" becomes that many brush marks inside the rectangle,
-/// filled with the file's own "grain-lit" and "grain-shade". The same each time.
+/// filled with the file's own "grain-lit" and "grain-shade". Every run gives the same marks.
 std::string Brushed(std::string text) {
   constexpr std::string_view kMark = "<!-- grain ";
   for (auto at = text.find(kMark); at != std::string::npos; at = text.find(kMark, at)) {
@@ -118,8 +119,8 @@ std::string Brushed(std::string text) {
   return text;
 }
 
-/// Every Qt warning since the last look: a file that names a gradient or a shape it does not have
-/// parses all the same.
+/// Every Qt warning since the last load. Qt accepts a file that names a missing gradient or shape
+/// and only warns.
 std::string& Warnings() {
   static std::string warnings;
   return warnings;
@@ -151,7 +152,7 @@ QImage Render(QSvgRenderer& renderer, const QString& element = {}) {
 
 constexpr int kHalfCovered = 128;
 
-/// A window's picture: black outside the outline, and nowhere else.
+/// A window's picture: black outside the outline and not inside.
 QImage CutOut(QSvgRenderer& renderer) {
   if (!renderer.elementExists(QStringLiteral("outline"))) {
     throw std::runtime_error("a window has to have an element \"outline\"");
@@ -211,8 +212,8 @@ void Append(std::string& bytes, std::uint32_t value, int size) {
   }
 }
 
-/// A pointer file of one 32-bit picture, hot spot in its middle. The one-bit mask behind it is for
-/// readers that know no alpha: 1 where the screen shows through.
+/// A pointer file of one 32-bit picture with its hot spot in the middle. The one-bit mask after the
+/// pixels serves readers without alpha: 1 where the screen shows through.
 void WritePointer(const fs::path& file, QImage picture) {
   picture.convertTo(QImage::Format_ARGB32);
   constexpr std::uint32_t kSide = 32;
@@ -244,7 +245,7 @@ void WritePointer(const fs::path& file, QImage picture) {
   }
 }
 
-/// The program's own colour scan of the picture.
+/// Writes the outline that the program's own colour scan finds in the bitmap.
 void WriteRegion(const fs::path& bitmap, const fs::path& region, const Picture& picture) {
   toolkit::Form form("artwork");
   form.SetWidth(toolkit::Twips(picture.width));
@@ -266,7 +267,7 @@ class Artwork {
              "</g></defs>";
   }
 
-  /// `name` is the picture's path below Media, without its ending.
+  /// `name` is the picture's path below Media, without extension.
   void Make(const std::string& name) const {
     const std::string text = ReadText(sources_ / (name + ".svg"));
     fs::create_directories((media_ / name).parent_path());
@@ -286,14 +287,14 @@ class Artwork {
                         [&](const Picture& row) { return row.name == bare; });
   }
 
-  /// What the root element of a shared source holds.
+  /// The content of a shared source's root element.
   std::string Inside(const char* file) const {
     const std::string text = ReadText(sources_ / file);
     const auto begin = text.find('>', text.find("<svg")) + 1;
     return text.substr(begin, text.rfind("</svg>") - begin);
   }
 
-  /// The shared shapes are there in the state's look.
+  /// The text with the shared shapes inserted, in the state's colours.
   std::string Complete(std::string text, std::string_view state) const {
     ReplaceAll(text, "<!-- symbols -->", symbols_);
     ReplaceAll(text, "<!-- brand -->", brand_);
@@ -359,7 +360,8 @@ class Artwork {
   std::string brand_;    ///< word, emblem and surfaces of the backgrounds
 };
 
-/// Makes what the sources draw, and takes it off `missing`. `at` tells where it stands.
+/// Makes the picture of every source and removes its name from `missing`. `at` is the current
+/// source, for the message of a failure.
 void MakeAll(const fs::path& sources, const fs::path& media, std::set<std::string>& missing,
              fs::path& at) {
   const Artwork artwork(sources, media);

@@ -1,8 +1,13 @@
 # shellcheck shell=bash disable=SC2034
-# A screen of its own with a window manager, and hands and eyes on the program that runs there. To be
-# sourced. Every wait is bounded and says what did not come.
+# A screen without a monitor, a window manager on it, and mouse, keyboard and eyes for the program
+# that runs there. To be sourced. Every wait has a bound and names what did not come.
 
 STEP_SECONDS=${STEP_SECONDS:-60} # the longest wait for one step, wide enough for a busy machine
+SCREEN=                          # the folder of start_screen
+SCREEN_PIDS=()
+SCREEN_OPTIONS=() # more for the X server
+PROGRAM_PID=
+MEDIA= # the artwork of the program that runs; set by the script that sources this file
 
 fail() {
   echo "FAILED: $*" >&2
@@ -15,24 +20,24 @@ wait_until() {
   shift
   until "$@"; do
     ((SECONDS < end)) || fail "no $what within $STEP_SECONDS seconds"
-    sleep 0.1
+    sleep 0.05
   done
 }
 
-# start_screen FOLDER: sets DISPLAY; logs and the runtime folder go into FOLDER.
+# start_screen FOLDER: sets DISPLAY; logs, pictures and the runtime folder go into FOLDER.
 start_screen() {
-  local folder=$1
-  mkdir -p "$folder/runtime"
-  chmod 700 "$folder/runtime"
-  export XDG_RUNTIME_DIR=$folder/runtime LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb NO_AT_BRIDGE=1
+  SCREEN=$1
+  mkdir -p "$SCREEN/runtime"
+  chmod 700 "$SCREEN/runtime"
+  export XDG_RUNTIME_DIR=$SCREEN/runtime LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb NO_AT_BRIDGE=1
   unset WAYLAND_DISPLAY QT_SCALE_FACTOR QT_STYLE_OVERRIDE DBUS_SESSION_BUS_ADDRESS
   Xvfb -displayfd 3 -screen 0 1280x900x24 -dpi 96 -nolisten tcp -noreset "${SCREEN_OPTIONS[@]}" \
-    3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
+    3>"$SCREEN/display" >"$SCREEN/xvfb.log" 2>&1 &
   SCREEN_PIDS=($!)
-  wait_until "X server" test -s "$folder/display"
-  DISPLAY=:$(<"$folder/display")
+  wait_until "X server" test -s "$SCREEN/display"
+  DISPLAY=:$(<"$SCREEN/display")
   export DISPLAY
-  openbox >"$folder/openbox.log" 2>&1 &
+  openbox >"$SCREEN/openbox.log" 2>&1 &
   SCREEN_PIDS+=($!)
   wait_until "window manager" window_manager_is_up
 }
@@ -48,9 +53,6 @@ stop_screen() {
   done
   SCREEN_PIDS=()
 }
-SCREEN_PIDS=()
-SCREEN_OPTIONS=() # more for the X server
-PROGRAM_PID=
 
 # start_program FOLDER LOG: runs FOLDER/nimbrel.
 start_program() {
@@ -68,7 +70,7 @@ stop_program() {
   PROGRAM_PID=
 }
 
-# wait_program: waits for the program's end by itself; gives its exit status.
+# wait_program: waits until the program ends by itself; gives its exit status.
 wait_program() {
   local status=0
   wait_until "end of the program" program_ended
@@ -95,29 +97,42 @@ main_window_is_up() {
   find_window "$MAIN_TITLE"
 }
 
-# point X Y: moves the pointer inside WINDOW. click X Y: and presses the left button there.
-point() { xdotool mousemove --window "$WINDOW" "$1" "$2"; }
-click() {
-  point "$1" "$2"
-  sleep 0.1
-  xdotool mousedown 1
-  sleep 0.05
-  xdotool mouseup 1
+# point PLACE, click PLACE...: moves the pointer there in WINDOW, and presses the left button. A place is
+# the name of an array of two numbers, see below.
+point() {
+  local -n _place=$1
+  xdotool mousemove --window "$WINDOW" "${_place[@]}"
 }
+click() {
+  local _name _presses=()
+  for _name; do
+    local -n _place=$_name
+    _presses+=(mousemove --window "$WINDOW" "${_place[@]}" click 1)
+  done
+  xdotool "${_presses[@]}"
+}
+# leave_windows: moves the pointer where nothing is highlighted by it.
+leave_windows() { xdotool mousemove 1279 899; }
+
+# has_keyboard TITLE: whether keys go to the window of that title.
+has_keyboard() { find_window "$1" && [[ $(xdotool getwindowfocus 2>/dev/null) == "$WINDOW" ]]; }
+# press_key KEY...: one after the other, into the control that has the keyboard.
+press_key() { xdotool key --clearmodifiers "$@"; }
+
+# find_corner: sets X and Y to the place of WINDOW on the screen.
+find_corner() { eval "$(xdotool getwindowgeometry --shell "$WINDOW" | grep -E '^[XY]=-?[0-9]+$')"; }
 
 # grab FILE X Y WIDTH HEIGHT: a picture of that part of WINDOW, with whatever lies over it.
 grab() {
   local X=0 Y=0
-  eval "$(xdotool getwindowgeometry --shell "$WINDOW" | grep -E '^[XY]=-?[0-9]+$')"
+  find_corner
   import -silent -window root -crop "$4x$5+$((X + $2))+$((Y + $3))" +repage "$1"
 }
 
 # same_picture FILE FILE: whether two pictures look the same.
-same_picture() {
-  [[ $(compare -metric AE -fuzz 4% "$1" "$2" null: 2>&1) == 0 ]]
-}
+same_picture() { [[ $(compare -metric AE -fuzz 4% "$1" "$2" null: 2>&1) == 0 ]]; }
 
-# Places of the artwork, in pixels of the main window: first the navigation column.
+# Places of the artwork, in pixels of the main window.
 HOME_BUTTON=(95 143)
 CLOUDS_BUTTON=(95 193)
 SKY_BUTTON=(95 243)
@@ -132,117 +147,124 @@ ADD_BUTTON=(406 527) # on the main page and on the randomizer's overview
 EXIT_BUTTON=(768 26)
 HISTORY_LIST=(305 170)
 HISTORY_BUTTON=(496 170)
+SMALL_PREVIEW=(555 218)
+SUN_LABEL=(300 340)
 FAST_LABEL=(560 255)
 DXT_LABEL=(560 288)
 STEP_LEFT=(455 488)
 STEP_RIGHT=(499 488)
+# Low on the buttons, so that their tooltips appear below the ring.
+CLOCKWISE=(210 465)
+COUNTERCLOCKWISE=(740 465)
+SKY_CLOCKWISE=(284 288)
+SKY_COUNTERCLOCKWISE=(671 288)
 OVERVIEW_TAB=(235 147)
 CLOUDS_TAB=(319 147)
 SKY_TAB=(403 147)
 WATER_TAB=(487 147)
 FIRST_SOLID=(300 241) # the first row of a list
+FIRST_WISPY=(300 414)
 FIRST_DAY=(600 241)
 FIRST_FAVORITE=(300 225)
-RANDOM_SUN=(199 532)
 LOAD_FAVORITE=(419 545)
 DELETE_FAVORITE=(365 545)
 # And of the dialogs.
 OK_BUTTON=(357 264)
-CANCEL_BUTTON=(302 264)
 CONTINUE_BUTTON=(417 297)
 
 # Parts of the main window: left, top, width, height.
-PAGE='177 128 596 450'
-RING='320 135 320 285'
+WHOLE=(0 0 798 603)
+PAGE=(177 128 596 450)
+RING=(320 135 320 285)
 
-# look FILE PART: a picture of a part of the main window.
+# look FILE PART: a picture of a part of the main window; the part is the name of one of these arrays.
 look() {
+  local -n _part=$2
   find_window "$MAIN_TITLE" || fail "no main window to look at"
-  # shellcheck disable=SC2086 # a part is four words
-  grab "$1" $2
+  grab "$1" "${_part[@]}"
 }
 
-# press WHAT PART X Y: presses there and waits until that part of the main window has changed and
-# stands still again.
+# rest PART: waits until two looks at a part of the main window agree.
+rest() {
+  look "$SCREEN/now.png" "$1"
+  wait_until "rest" rests "$1"
+}
+rests() { # PART
+  mv "$SCREEN/now.png" "$SCREEN/last.png"
+  look "$SCREEN/now.png" "$1"
+  same_picture "$SCREEN/last.png" "$SCREEN/now.png"
+}
+
+# press PART PLACE...: presses one place after the other. After each it waits until that part of the
+# main window has changed and is at rest again.
 press() {
-  local seen
-  seen=$(mktemp -d)
-  look "$seen/before.png" "$2"
-  cp "$seen/before.png" "$seen/now.png"
-  click "$3" "$4"
-  wait_until "rest after a change by $1" rests_changed "$seen" "$2"
-  rm -r "$seen"
+  local part=$1 place
+  shift
+  for place; do
+    look "$SCREEN/before.png" "$part"
+    cp "$SCREEN/before.png" "$SCREEN/now.png"
+    click "$place"
+    wait_until "rest after a change by $place" rests_changed "$part"
+  done
 }
-rests_changed() { # FOLDER PART
-  mv "$1/now.png" "$1/last.png"
-  look "$1/now.png" "$2"
-  same_picture "$1/last.png" "$1/now.png" && ! same_picture "$1/before.png" "$1/now.png"
-}
+rests_changed() { rests "$1" && ! same_picture "$SCREEN/before.png" "$SCREEN/now.png"; }
 
-# looks_like FILE PART: whether that part of the main window looks so. Leaves what it saw beside FILE.
-looks_like() {
-  look "$1.now.png" "$2"
-  same_picture "$1" "$1.now.png"
+# message KIND: waits for the dialog with that kind's icon and its checkmark enabled.
+message() {
+  leave_windows
+  wait_until "message of kind $1" message_shows "$1"
 }
-
-# message_shows MEDIA ICON: whether the dialog stands with that kind's icon and its checkmark enabled.
-message_shows() {
-  local seen
+message_shows() { # KIND
   program_ended && fail "the program ended instead of showing a message"
   find_window "$MESSAGE_TITLE" || return 1
-  seen=$(mktemp -d)
-  grab "$seen/ok.png" 335 242 44 44
-  grab "$seen/icon.png" 15 120 100 100
-  convert "$1/btn_CheckAll.bmp" -crop 44x44+0+0 +repage "$seen/ok-strip.png"
-  convert "$1/icon_$2.bmp" "$seen/icon-file.png"
-  local result=1
-  same_picture "$seen/ok.png" "$seen/ok-strip.png" &&
-    same_picture "$seen/icon.png" "$seen/icon-file.png" && result=0
-  rm -r "$seen"
-  return $result
+  grab "$SCREEN/ok.png" 335 242 44 44
+  grab "$SCREEN/icon.png" 15 120 100 100
+  same_picture "$SCREEN/ok.png" "$MEDIA/btn_CheckAll.bmp[44x44+0+0]" &&
+    same_picture "$SCREEN/icon.png" "$MEDIA/icon_$1.bmp"
+}
+no_message() { wait_until "end of the message" no_window "$MESSAGE_TITLE"; }
+
+# answer KIND BUTTON: waits for a message of that kind and presses its button.
+answer() {
+  message "$1"
+  click "$2"
 }
 
-# press_ok: presses the checkmark of the message that stands and waits until it has gone.
-press_ok() {
-  find_window "$MESSAGE_TITLE" || fail "no message to answer"
-  click "${OK_BUTTON[@]}"
+# dismiss KIND: the same with the checkmark of the last message, and waits for its end.
+dismiss() {
+  answer "$1" OK_BUTTON
+  no_message
 }
 
-# press_install MEDIA: presses Save and Install and waits for the message that ends it.
+# press_install: presses Save and Install and waits for the message that ends it.
 press_install() {
   main_window
-  click "${INSTALL_BUTTON[@]}"
-  point 20 590 # off the dialog, so that its checkmark shows as enabled
-  wait_until "closing message" message_shows "$1" Information
+  click INSTALL_BUTTON
+  message Information
 }
 
-# press_key KEY...: one after the other, into the control that has the keyboard.
-press_key() { xdotool key --clearmodifiers --delay 60 "$@"; }
-
-# add_favorite TITLE LINE LINE: opens the dialog of the page in sight and types over what stands in
-# its fields, the first of which has the keyboard.
+# add_favorite TITLE LINE [LINE]: opens the dialog of the page in sight and types over what its
+# fields hold. The first of them has the keyboard.
 add_favorite() {
   main_window
-  click "${ADD_BUTTON[@]}"
-  wait_until "favourite's dialog" find_window "$FAVORITE_TITLE"
-  sleep 0.3
-  xdotool type --delay 25 "$1"
+  click ADD_BUTTON
+  wait_until "keyboard of the favourite's dialog" has_keyboard "$FAVORITE_TITLE"
+  xdotool type --delay 10 "$1"
   press_key Tab
-  xdotool type --delay 25 "$2"
-  press_key Return
-  xdotool type --delay 25 "$3"
+  xdotool type --delay 10 "$2"
+  (($# < 3)) || { press_key Return && xdotool type --delay 10 "$3"; }
+}
+# save_favorite: ends that dialog, and the message about it.
+save_favorite() {
+  find_window "$FAVORITE_TITLE" || fail "no dialog to end"
+  click CONTINUE_BUTTON
+  dismiss Information
 }
 
-# answer MEDIA KIND X Y: waits for a message of that kind and presses one of its buttons.
-answer() {
-  wait_until "message of kind $2" message_shows "$1" "$2"
-  click "$3" "$4"
-}
-
-press_exit() {
+exit_program() {
   main_window
-  click "${EXIT_BUTTON[@]}"
-  wait_program
+  click EXIT_BUTTON
+  wait_program || fail "the program ended with status $?"
 }
 
 # value_of FILE KEY: the first value of a key in a text file.

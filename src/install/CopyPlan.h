@@ -6,12 +6,20 @@
 #include <string>
 #include <vector>
 
-#include "platform/files.h"
+#include "platform/FileStatus.h"
+#include "settings/Choice.h"
+
+namespace platform {
+class FileSystem;
+}
 
 namespace nimbrel {
 
-/// What an install puts where, apart from the doing: the run copies by it, and the setup keeps by
-/// it the originals of all that a run could ever replace. Paths are composed text.
+struct Catalogue;
+struct Folders;
+
+/// What an install writes, planned apart from the writing: the run copies by it, and the console
+/// command keeps by it the originals of all that a run could ever replace.
 
 /// The simulator's own sun, of which Backups\TEX holds copies.
 inline constexpr std::array<const char*, 3> kSunFiles{"Corona1.bmp", "sun.bmp", "sun6.bmp"};
@@ -30,51 +38,75 @@ inline constexpr std::array<ContrailEffect, 2> kContrailEffects{{
 /// The three folders that every install copies, whatever is selected.
 enum class FixedFolder : std::uint8_t { kCld, kCumulus, kStratus };
 
-std::string SunBackupFolder();  ///< with a backslash behind it, as the next two
-std::string SimulatorTextures();
-std::string SimulatorEffects();
-/// The texture that the composer makes, and the file of the simulator that it replaces, which is
-/// empty when the catalogue names none.
-std::string ComposedCumulus();
-std::string CumulusTarget();
-
-/// From where to where the files of one set or folder go. Both end in a backslash; when either is
+/// From where to where the files of one set or folder go. Both end in a backslash; if either is
 /// empty nothing is copied.
 struct CopyRoute {
   std::string source;
   std::string destination;
 };
-/// Of a group that is copied by folder, which the three cloud inputs are not.
-CopyRoute SetRoute(std::int16_t family, std::int16_t group, std::int16_t option);
-CopyRoute FixedRoute(FixedFolder folder);
-CopyRoute SunRoute();
 
-/// One file of a route. `target` is empty when the trimmed name is.
+/// One file of a route.
 struct FileCopy {
   std::string source;
-  std::string target;
+  std::string target;  ///< empty if the trimmed name is empty: the file is passed over
 };
 struct CopyPlan {
   std::vector<FileCopy> copies;                             ///< at most 100
-  std::size_t found = 0;                                    ///< all the names of the source folder
-  platform::FileStatus listed = platform::FileStatus::kOk;  ///< how the look into it went
+  std::size_t found = 0;                                    ///< files in the source folder
+  platform::FileStatus listed = platform::FileStatus::kOk;  ///< why the folder could not be listed
 };
-CopyPlan PlanCopies(const CopyRoute& route);
 
-/// A file of the simulator that some install of the Catalogue writes.
+/// The paths of one program and its simulator.
+class CopyRoutes {
+ public:
+  /// All three have to live as long as the object.
+  CopyRoutes(const Catalogue& catalogue, const Folders& folders, platform::FileSystem& files);
+
+  /// Of a group whose sets are folders; empty for the three cloud inputs.
+  CopyRoute Set(Group group, std::int16_t option) const;
+  CopyRoute Fixed(FixedFolder folder) const;
+  CopyRoute Sun() const;
+
+  // Each ends in a backslash.
+  std::string SunBackups() const;
+  std::string SimulatorTextures() const;
+  std::string SimulatorEffects() const;
+
+  /// The texture that the composer makes.
+  std::string ComposedCumulus() const;
+  /// The simulator's file that it replaces; empty if the catalogue names none.
+  std::string CumulusTarget() const;
+
+  /// Every folder of the simulator that a run writes into, with a backslash at the end.
+  std::vector<std::string> Destinations() const;
+
+  CopyPlan Plan(const CopyRoute& route) const;
+
+ private:
+  std::string FolderBelow(const std::string& root, const std::string& part) const;
+
+  const Catalogue& catalogue_;
+  const Folders& folders_;
+  platform::FileSystem& files_;
+};
+
+/// A file of the simulator that some install of the catalogue writes.
 struct WrittenFile {
   std::string target;                ///< the host's path
   std::vector<std::string> sources;  ///< files of the program of which one is put there
-  bool edited = false;               ///< changed where it stands, by every install
+  bool edited = false;               ///< changed in place, by every install
 };
 struct UnreadPlace {
   std::string path;
   platform::FileStatus status = platform::FileStatus::kOk;
 };
-/// All of them, each once however many options write it, for every option, both sizes and either
-/// state of each switch. Files in a folder that the simulator lacks, or outside its root, are not
-/// among them: no install writes them. Nor may those be that hide in a folder that can't be looked
-/// into: `unread` names one, and why. It is empty when the list is whole.
-std::vector<WrittenFile> FilesThatInstallsWrite(UnreadPlace& unread);
+struct WrittenFiles {
+  std::vector<WrittenFile> files;
+  UnreadPlace unread;  ///< a folder that could not be read; its path is empty if the list is whole
+};
+/// Every file any install could write, once each, whatever is selected. Leaves out files whose
+/// destination folder is missing or outside the simulator.
+WrittenFiles FilesThatInstallsWrite(const CopyRoutes& routes, const Catalogue& catalogue,
+                                    const Folders& folders, platform::FileSystem& files);
 
 }  // namespace nimbrel

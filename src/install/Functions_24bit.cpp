@@ -1,24 +1,24 @@
 #include "install/Functions_24bit.h"
 
+#include "install/WorkBitmaps.h"
+
 namespace nimbrel {
-namespace {
 
-BitmapFunctions g_color;
-
-}  // namespace
-
-bool LoadBitmap24(std::int16_t slot, std::string_view path) { return g_color.Load(slot, path); }
-
-bool CreateSheet24(std::uint16_t bit_count, std::int16_t width, std::int16_t height) {
-  return g_color.Create(bit_count, width, height);
+platform::FileStatus LoadBitmap24(WorkBitmaps& side, std::size_t slot, std::string_view path) {
+  return side.Load(slot, path);
 }
 
-bool BlitCell24(std::int16_t slot, const CellCopy& cell) { return g_color.Blit(slot, cell); }
+bool CreateSheet24(WorkBitmaps& side, std::uint16_t bit_count, std::int16_t width,
+                   std::int16_t height) {
+  return side.Create(bit_count, width, height);
+}
 
-bool SaveSheet24(std::string_view name) { return g_color.Save(name); }
+bool BlitCell24(WorkBitmaps& side, std::size_t slot, const CellCopy& cell) {
+  return side.Blit(slot, cell);
+}
 
-void ReleaseInput24(std::int16_t slot) { g_color.ReleaseInput(slot); }
-
-void ReleaseSheet24() { g_color.ReleaseSheet(); }
+platform::FileStatus SaveSheet24(WorkBitmaps& side, std::string_view name) {
+  return side.Save(name);
+}
 
 }  // namespace nimbrel

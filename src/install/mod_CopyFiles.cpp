@@ -1,118 +1,116 @@
 #include "install/mod_CopyFiles.h"
 
-#include <string>
-#include <vector>
+#include <string_view>
 
-#include "install/CopyFailures.h"
-#include "install/CopyPlan.h"
+#include "install/Progress.h"
+#include "install/Report.h"
+#include "platform/FileSystem.h"
 #include "platform/system.h"
-#include "settings/Catalogue.h"
-#include "settings/Functions_Configuration.h"
-#include "shell/frm_Msg.h"
-#include "toolkit/forms.h"
+#include "settings/Folders.h"
 
 namespace nimbrel {
 namespace {
 
 using platform::FileStatus;
 
-/// A file that somebody holds open is tried for about half a second, then it stays as it is.
-constexpr int kTries = 20;
+/// A file that another process holds open is tried for about half a second.
+constexpr int kMaxTries = 20;
 constexpr std::uint32_t kPause = 25;  // milliseconds between two tries
 
-void WaitForNextTry() {
-  toolkit::DoEvents();
-  platform::Sleep(kPause);
+template <typename Action>
+FileStatus TryWhileBusy(const CopyRun& run, Action action) {
+  FileStatus status = action();
+  for (int tries = 1; tries < kMaxTries && status == FileStatus::kBusy; ++tries) {
+    run.progress.Breathe();
+    platform::Sleep(kPause);
+    status = action();
+  }
+  return status;
 }
 
-/// The copy of every set and fixed folder. `file_done` gets the number of names found after each of
-/// the at most 100 files that are copied. The old files stay until each one's new file is complete
-/// beside it, so nothing is deleted first; the event loop runs once for each file.
+/// `file_done` gets the number of files found, after each of those that are copied. No old file is
+/// deleted first: each stays until its new one is complete beside it.
 template <typename FileDone>
-void CopyFiles(const CopyRoute& route, FileDone file_done) {
-  const CopyPlan plan = PlanCopies(route);
-  NoteCopy(route.destination, plan.listed);  // how many files that are is not known
+void CopyFiles(const CopyRun& run, const CopyRoute& route, FileDone file_done) {
+  const CopyPlan plan = run.routes.Plan(route);
+  if (plan.listed != FileStatus::kOk) {
+    ReportFile(run, route.destination, plan.listed);
+  }
   for (const FileCopy& copy : plan.copies) {
     if (!copy.target.empty()) {
-      ReplaceSimulatorFile(copy.source, copy.target);
+      ReplaceSimulatorFile(run, copy.source, copy.target);
     }
-    toolkit::DoEvents();
     file_done(plan.found);
   }
 }
 
-/// With the progress bar going from `start` to `end` in equal steps, worked out from all the names
-/// found, so that it stops short when there are more than are copied; the end is always drawn.
-void CopyWithProgress(const CopyRoute& route, double start, double end) {
+/// Equal steps, computed from all files found, so that the progress stops short if there are more
+/// than are copied; the end is always drawn.
+void CopyWithProgress(const CopyRun& run, const CopyRoute& route, double start, double end) {
   double value = start;
-  CopyFiles(route, [&](std::size_t found) {
+  CopyFiles(run, route, [&](std::size_t found) {
     value += (end - start) / static_cast<double>(found);
-    DrawProgress(value);
+    run.progress.Advance(value);
   });
-  DrawProgress(end);
+  run.progress.Advance(end);
 }
 
 }  // namespace
 
-void DeleteUntilGone(std::string_view pattern) {
-  const std::string folder(pattern.substr(0, pattern.find_last_of("\\/") + 1));
-  for (int tries = 0; tries < kTries; ++tries) {
-    bool all_gone = true;
-    for (const std::string& name : platform::ListFiles(pattern, platform::kNormal)) {
-      all_gone = platform::DeleteFile(folder + name) == FileStatus::kOk && all_gone;
-    }
-    if (all_gone) {
-      return;
-    }
-    WaitForNextTry();
+void ReportFile(const CopyRun& run, const std::string& target, FileStatus status) {
+  std::string_view file = target;
+  if (file.starts_with(run.folders.simulator)) {
+    file.remove_prefix(run.folders.simulator.size());
   }
+  run.report.Add(std::string(file), status);
 }
 
-FileStatus ReplaceSimulatorFile(std::string_view source, std::string_view target) {
-  FileStatus status = FileStatus::kBusy;
-  for (int tries = 0; tries < kTries && status == FileStatus::kBusy; ++tries) {
-    if (tries > 0) {
-      WaitForNextTry();
-    }
-    status = platform::CopyOver(source, target, platform::Durability::kRename,
-                                platform::ApplicationFolder(), SimulatorRoot);
-  }
-  NoteCopy(target, status);
-  return status;
+void DeleteUntilGone(const CopyRun& run, const std::string& folder) {
+  TryWhileBusy(run, [&] { return run.files.SweepTemporaries(folder); });
 }
 
-void CopyFolder(const CopyRoute& route) {
-  CopyFiles(route, [](std::size_t) {});
+void ReplaceSimulatorFile(const CopyRun& run, const std::string& source,
+                          const std::string& target) {
+  const FileStatus status = TryWhileBusy(run, [&] {
+    return run.files.CopyOver(source, target, platform::Durability::kRename, run.folders.program,
+                              run.folders.simulator);
+  });
+  ReportFile(run, target, status);
+  run.progress.Breathe();
 }
 
-void CopyWaterSet(std::int16_t column, std::int16_t selection, double start, double end) {
-  CopyWithProgress(SetRoute(kWater, column, selection), start, end);
+void CopyFolder(const CopyRun& run, const CopyRoute& route) {
+  CopyFiles(run, route, [](std::size_t) {});
 }
 
-void CopyWavesSet(std::int16_t selection) {
-  constexpr std::int16_t kWaves = 2;
-  CopyFolder(SetRoute(kWater, kWaves, selection));
+void CopyWaterSet(const CopyRun& run, Group column, std::int16_t selection, double start,
+                  double end) {
+  CopyWithProgress(run, run.routes.Set(column, selection), start, end);
 }
 
-void CopySkySet(std::int16_t column, std::int16_t selection, double start, double end) {
-  CopyWithProgress(SetRoute(kSky, column, selection), start, end);
+void CopyWavesSet(const CopyRun& run, std::int16_t selection) {
+  CopyFolder(run, run.routes.Set(Group::kWaves, selection));
 }
 
-void CopyCirrusSet(std::int16_t selection, double start, double end) {
-  constexpr std::int16_t kCirrus = 3;
-  CopyWithProgress(SetRoute(kCloud, kCirrus, selection), start, end);
+void CopySkySet(const CopyRun& run, Group column, std::int16_t selection, double start,
+                double end) {
+  CopyWithProgress(run, run.routes.Set(column, selection), start, end);
 }
 
-void CopyCldFolder(double start, double end) {
-  CopyWithProgress(FixedRoute(FixedFolder::kCld), start, end);
+void CopyCirrusSet(const CopyRun& run, std::int16_t selection, double start, double end) {
+  CopyWithProgress(run, run.routes.Set(Group::kCirrus, selection), start, end);
 }
 
-void CopyCumulusFolder(double start, double end) {
-  CopyWithProgress(FixedRoute(FixedFolder::kCumulus), start, end);
+void CopyCldFolder(const CopyRun& run, double start, double end) {
+  CopyWithProgress(run, run.routes.Fixed(FixedFolder::kCld), start, end);
 }
 
-void CopyStratusFolder(double start, double end) {
-  CopyWithProgress(FixedRoute(FixedFolder::kStratus), start, end);
+void CopyCumulusFolder(const CopyRun& run, double start, double end) {
+  CopyWithProgress(run, run.routes.Fixed(FixedFolder::kCumulus), start, end);
+}
+
+void CopyStratusFolder(const CopyRun& run, double start, double end) {
+  CopyWithProgress(run, run.routes.Fixed(FixedFolder::kStratus), start, end);
 }
 
 }  // namespace nimbrel

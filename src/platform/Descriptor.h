@@ -25,8 +25,8 @@ class Descriptor {
   bool IsOpen() const { return number_ >= 0; }
   int Number() const { return number_; }
 
-  /// The errno value of a failed close, else 0: some file systems tell only here that data was
-  /// lost. After an interruption the descriptor is gone all the same.
+  /// The errno value of a failed close, else 0: some file systems report lost data only here. An
+  /// interruption is no failure, since the system has closed the descriptor by then.
   int Close() {
     const int number = std::exchange(number_, -1);
     return number >= 0 && close(number) != 0 && errno != EINTR ? errno : 0;
@@ -36,7 +36,7 @@ class Descriptor {
   int number_ = -1;
 };
 
-/// Reading without ever waiting, also on a pipe or a device.
+/// Flags to open for reading that never wait, not even for a pipe or a device.
 inline constexpr int kOpenToRead = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
 }  // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/FileStamp.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <ctime>
 
 namespace platform {
@@ -8,7 +9,7 @@ namespace {
 
 constexpr std::int64_t kSecond = 1'000'000'000;
 constexpr std::int64_t kTick = kSecond / 20;  ///< well over a tick of any kernel's file clock
-/// File systems that keep whole seconds, or every second one.
+/// For file systems that keep whole seconds, or every second one.
 constexpr std::int64_t kCoarseTick = 2 * kSecond + kTick;
 
 std::int64_t Nanoseconds(const timespec& time) {
@@ -20,6 +21,18 @@ std::int64_t Nanoseconds(const timespec& time) {
 FileStamp StampOf(const struct stat& facts) {
   return {facts.st_dev, facts.st_ino, facts.st_size, Nanoseconds(facts.st_mtim),
           Nanoseconds(facts.st_ctim)};
+}
+
+std::optional<FileStamp> StampOfFolder(const std::string& folder) {
+  struct stat facts {};
+  if (stat(folder.c_str(), &facts) != 0) {
+    return {};
+  }
+  if (!S_ISDIR(facts.st_mode)) {
+    errno = ENOTDIR;
+    return {};
+  }
+  return StampOf(facts);
 }
 
 std::int64_t StampClock() {

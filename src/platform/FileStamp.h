@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 namespace platform {
 
@@ -19,12 +21,15 @@ struct FileStamp {
 
 FileStamp StampOf(const struct stat& facts);
 
-/// The present moment as the stamps count it.
+/// The stamp of a folder. None for anything else, with the reason in errno.
+std::optional<FileStamp> StampOfFolder(const std::string& folder);
+
+/// The present time as stamps count it.
 std::int64_t StampClock();
 
-/// Whether a reading begun at `taken` saw all that was done under this stamp. A change within the
-/// clock tick of the reading leaves the stamp as it is, so a reading taken too soon after the last
-/// change proves nothing.
+/// True if a reading begun at `taken` includes every change made under this stamp. Changes within
+/// one tick of the file system's clock leave the same stamp, so a reading that follows the latest
+/// change too closely may lack another one.
 bool IsSettled(const FileStamp& stamp, std::int64_t taken);
 
 }  // namespace platform

@@ -1,47 +1,62 @@
 #pragma once
 
-#include <dirent.h>
-
-#include <functional>
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+
+#include "platform/FileStamp.h"
 
 namespace platform {
 
-/// A host path cut before its last component: "a" gives "." and "a", "/a" gives "/" and "a".
-struct PathParts {
-  std::string folder;
-  std::string name;
-};
-PathParts SplitPath(const std::string& path);
-std::string JoinPath(const std::string& folder, std::string_view name);
-
-/// Calls `visit` for each entry of a folder but "." and "..". False when it can't be read to
-/// its end, with the reason in errno.
-bool ScanFolder(const std::string& folder, const std::function<void(const dirent& entry)>& visit);
-
-/// Finds the name in `folder` that equals `name` but for its case; of several the first in byte
-/// order, and empty when there is none. False when the folder can't be read, with the reason in
-/// errno. Answers from a listing that is read once and again only when the folder's stamp says so.
-bool FindIgnoringCase(const std::string& folder, std::string_view name, std::string& found);
-
-/// Lives round a change that the program itself makes in a folder, and keeps the folder's listing
-/// good through it: a run of hundreds of new files must not read a large folder for each.
-class OwnFolderChange {
+/// The names in folders, by which a path is matched without regard to case.
+///
+/// A listing is used again while the folder keeps its time stamp. Two changes within one tick of
+/// the file system's clock leave the same stamp, so a listing read in the tick of a change is used
+/// once only. An install makes hundreds of changes in a row, each in the tick of the one before:
+/// after such an own change the listing is updated instead of read again, for up to two seconds
+/// from its reading. A change that another process makes in the very tick of an own one is noticed
+/// after that time.
+class FolderListings {
  public:
-  explicit OwnFolderChange(std::string folder);
-  OwnFolderChange(const OwnFolderChange&) = delete;
-  OwnFolderChange& operator=(const OwnFolderChange&) = delete;
-  ~OwnFolderChange();
+  /// Finds the name in `folder` that equals `name` except for its case; of several the first in
+  /// byte order; empty if there is none. Returns the errno value of reading the folder.
+  int FindIgnoringCase(const std::string& folder, std::string_view name, std::string& found);
 
-  void Added(std::string_view name) { added_ = name; }
-  void Removed(std::string_view name) { removed_ = name; }
+  /// Lives around a change that the program itself makes in a folder, and updates the folder's
+  /// listing.
+  class OwnChange {
+   public:
+    OwnChange(FolderListings& listings, std::string folder);
+    OwnChange(const OwnChange&) = delete;
+    OwnChange& operator=(const OwnChange&) = delete;
+    ~OwnChange();
+
+    void Added(std::string_view name);
+    void Removed(std::string_view name);
+
+   private:
+    FolderListings& listings_;
+    std::string folder_;
+    bool was_current_ = false;
+  };
 
  private:
-  std::string folder_;
-  std::string added_;
-  std::string removed_;
-  bool was_valid_ = false;
+  struct Listing {
+    FileStamp stamp;
+    std::int64_t taken = 0;  ///< when the folder was read, as StampClock
+    std::int64_t valid_until = 0;
+    bool has_variants = false;                           ///< of names that differ only in case
+    std::unordered_map<std::string, std::string> names;  ///< folded name to name
+
+    void Add(std::string_view name);
+    int Read(const std::string& folder);
+  };
+
+  /// Null if the folder can't be read, with the reason in `error`.
+  const Listing* CurrentListing(const std::string& folder, int& error);
+
+  std::unordered_map<std::string, Listing> listings_;
 };
 
 }  // namespace platform

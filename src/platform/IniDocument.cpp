@@ -13,8 +13,8 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 bool IsQuote(char c) { return c == '"' || c == '\''; }
 
-/// Moves both ends of a stretch of `bytes` inwards past blanks, the front first: a stretch of
-/// blanks ends empty at its end.
+/// Moves both ends of a range of `bytes` inwards past blanks, the front first: nothing but blanks
+/// becomes an empty range at its end.
 void TrimBlanks(std::string_view bytes, std::size_t& start, std::size_t& end) {
   while (start < end && IsBlank(bytes[start])) {
     ++start;
@@ -39,7 +39,7 @@ std::string_view WithoutQuotes(std::string_view value) {
   return IsQuoted(value) ? value.substr(1, value.size() - 2) : value;
 }
 
-/// How a value stands in the file, so that reading gives back exactly it.
+/// A value as the file has to hold it, so that it reads back the same.
 std::string AsWritten(std::string_view value) {
   const bool in_quotes = Trimmed(value).size() != value.size() || IsQuoted(value);
   return in_quotes ? '"' + std::string(value) + '"' : std::string(value);
@@ -47,11 +47,11 @@ std::string AsWritten(std::string_view value) {
 
 std::string FoldedName(std::string_view bytes) { return FoldName(FromAnsi(bytes)); }
 
-/// Whether a name is in the file's code page and in one line without the characters of `meaning`.
-bool IsWritableName(std::string_view name, std::string_view meaning) {
+/// True if a name fits into the file's code page and into one line, without any of `reserved`.
+bool IsWritableName(std::string_view name, std::string_view reserved) {
   return FoldedName(ToAnsi(name)) == FoldName(name) && name.find('\0') == std::string_view::npos &&
          name.find_first_of("\r\n") == std::string_view::npos &&
-         name.find_first_of(meaning) == std::string_view::npos;
+         name.find_first_of(reserved) == std::string_view::npos;
 }
 
 }  // namespace
@@ -88,7 +88,7 @@ void IniDocument::ParseLine(std::size_t start, std::size_t end, Section*& curren
   }
 }
 
-/// Null for a second section of the name, whose keys count for nothing.
+/// Null for a second section of the same name, whose keys are ignored.
 IniDocument::Section* IniDocument::ParseHeader(std::size_t start, std::size_t end) {
   const std::string_view line = std::string_view(bytes_).substr(start + 1, end - start - 1);
   const std::string_view name = Trimmed(line.substr(0, line.find(']')));

@@ -9,43 +9,43 @@
 
 namespace platform {
 
-/// The text of an initialization file: read into an index once, changed value by value, put
-/// together again with every other byte as it was. Names are UTF-8, values bytes of the file's code
-/// page.
+/// The text of an initialization file, indexed once and changed value by value; all other bytes
+/// stay as they are. Names are UTF-8, values are bytes of the file's code page.
 class IniDocument {
  public:
   explicit IniDocument(std::string bytes = {});
 
-  /// The value with blanks and one pair of quotes off; none when section or key is absent. The view
-  /// lives until the next change.
+  /// The value without the blanks and the one pair of quotes around it; none if section or key is
+  /// absent. The view is valid until the next change.
   std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
 
-  /// Whether the names and the value can be written so that they read back the same, in one line.
+  /// True if the names and the value can be written so that they read back the same, in one line.
   static bool CanHold(std::string_view section, std::string_view key, std::string_view value);
 
-  /// Gives a key a value, adding what is absent. Only what CanHold.
+  /// Gives a key a value; adds key and section if absent. CanHold must be true for them.
   void Set(std::string_view section, std::string_view key, std::string_view value);
 
-  /// The bytes it was made of.
+  /// The bytes that the document was made from.
   const std::string& Original() const { return bytes_; }
-  /// The bytes with all changes in them.
+  /// The bytes with all changes.
   std::string Render() const;
 
  private:
   static constexpr std::size_t kNowhere = std::string::npos;
 
   struct Value {
-    std::size_t offset = kNowhere;  ///< of the value in the file, quotes with it; kNowhere if new
+    std::size_t offset = kNowhere;  ///< of the value in the file, with its quotes; kNowhere if new
     std::size_t length = 0;
-    std::optional<std::string> written;  ///< what stands there from now on, quotes with it
+    std::optional<std::string> written;  ///< the new value, with its quotes
   };
   struct Section {
-    std::size_t end = kNowhere;  ///< behind its last line that is not blank; kNowhere if new
+    std::size_t end = kNowhere;  ///< after its last line that is not blank; kNowhere if new
     std::string title;           ///< of a new section, as written
     std::unordered_map<std::string, Value> values;              ///< by folded key
     std::vector<std::pair<std::string, std::string>> new_keys;  ///< as written, and folded
   };
-  /// One stretch of the file to be replaced; `lines` are whole lines, which begin on their own.
+  /// A replacement of one range of the file. `lines`: the text is whole lines, and a line end goes
+  /// before it if the file has none there.
   struct Edit {
     std::size_t offset;
     std::size_t length;
@@ -60,10 +60,10 @@ class IniDocument {
   std::vector<Edit> Edits() const;
 
   std::string bytes_;
-  std::size_t start_ = 0;  ///< behind a byte order mark
+  std::size_t start_ = 0;  ///< after a byte order mark
   std::string line_end_ = "\r\n";
   std::unordered_map<std::string, Section> sections_;  ///< by folded name
-  std::vector<std::string> new_sections_;              ///< folded, in the order they came
+  std::vector<std::string> new_sections_;              ///< folded, in the order of their addition
 };
 
 }  // namespace platform

@@ -1,26 +1,33 @@
 #include "platform/bitmap_file.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 #include <new>
 #include <optional>
 
-#include "platform/files.h"
+#include "platform/FileSystem.h"
 #include "platform/little_endian.h"
+#include "platform/run_length.h"
 
 namespace platform {
 namespace {
 
-constexpr int kMostPixelsASide = 16384;
-/// Well over what the skin and a texture pack hold (a 4096 x 4096 picture of 32 bits is half of
-/// it).
-constexpr std::size_t kLargestFile = std::size_t{128} * 1024 * 1024;
-/// The newest published info header has 124 bytes; what is longer is no bitmap of today.
-constexpr std::uint32_t kLongestInfoHeader = 124;
-constexpr std::uint32_t kPlain = 0;
-constexpr std::uint32_t kBitFields = 3;
-constexpr std::size_t kMaskBytes = 12;
+constexpr std::size_t kMaxFileBytes = 2 * kMaxBitmapBytes;
+
+constexpr std::uint32_t kCoreHeader = 12;      ///< of the oldest writers
+constexpr std::uint32_t kMaxInfoHeader = 124;  ///< the newest published
+constexpr std::size_t kMasksAt = kFileHeaderBytes + kInfoHeaderBytes;
+constexpr std::size_t kAlphaMaskAt = kMasksAt + 12;
+
+enum Compression : std::uint32_t {
+  kPlain = 0,
+  kRuns8 = 1,
+  kRuns4 = 2,
+  kBitFields = 3,
+  kAlphaBitFields = 6,
+};
 
 using Bytes = std::span<const std::byte>;
 
@@ -29,117 +36,174 @@ struct Channel {
   std::uint32_t mask = 0;
 
   std::uint8_t From(std::uint32_t pixel) const {
-    const std::uint64_t most = mask >> std::countr_zero(mask);
+    const std::uint64_t highest = mask >> std::countr_zero(mask);
     const std::uint64_t value = (pixel & mask) >> std::countr_zero(mask);
-    return static_cast<std::uint8_t>((value * 255 + most / 2) / most);
+    return static_cast<std::uint8_t>((value * 255 + highest / 2) / highest);
   }
-  bool Sound() const {
+  /// True for one run of bits.
+  bool IsSound() const {
     return mask != 0 && std::has_single_bit((std::uint64_t{mask} >> std::countr_zero(mask)) + 1);
   }
 };
 
-/// Everything a BMP file says of itself, checked against its length.
+/// The fields of a bitmap header that decide how its pixels are read.
+struct Header {
+  std::uint32_t size = 0;
+  std::int64_t width = 0;
+  std::int64_t height = 0;  ///< negative: rows top to bottom
+  int planes = 0;
+  int bit_count = 0;
+  std::uint32_t compression = kPlain;
+  std::uint32_t colors_used = 0;
+  std::size_t color_bytes = sizeof(RGBQuad);
+
+  bool HasMasks() const { return compression == kBitFields || compression == kAlphaBitFields; }
+  /// Bytes of the channel masks that follow a header too short to hold them.
+  std::size_t MaskBytes() const {
+    const std::size_t masks = compression == kAlphaBitFields ? 16 : 12;
+    return size == kInfoHeaderBytes && HasMasks() ? masks : 0;
+  }
+  /// Headers from 56 bytes up have the field, and some writers fill it in plain files too.
+  bool HasAlphaMask() const { return bit_count == 32 && (size >= 56 || MaskBytes() == 16); }
+};
+
+/// Where a file keeps its parts, checked against its length.
 struct Layout {
   int width = 0;
   int height = 0;
-  bool top_down = false;
+  RowOrder order = RowOrder::kBottomUp;
   int bit_count = 0;
-  bool bit_fields = false;
+  std::uint32_t compression = kPlain;
   std::size_t colors_at = 0;
   std::size_t color_count = 0;
+  std::size_t color_bytes = 0;
   std::size_t pixels_at = 0;
-  std::size_t stride = 0;
-  Channel red, green, blue;
+  std::size_t stride = 0;  ///< of plain rows
+  Channel red{}, green{}, blue{};
+  std::optional<Channel> alpha{};
+
+  bool IsCoded() const { return compression == kRuns8 || compression == kRuns4; }
 };
 
-bool ReadSize(Bytes file, Layout& layout) {
-  const auto width = ReadLittle<std::int32_t>(file, 18);
-  const std::int64_t height = ReadLittle<std::int32_t>(file, 22);
-  if (width < 1 || width > kMostPixelsASide || height == 0 || height > kMostPixelsASide ||
-      height < -kMostPixelsASide) {
-    return false;
-  }
-  layout.width = width;
-  layout.top_down = height < 0;
-  layout.height = static_cast<int>(layout.top_down ? -height : height);
-  return true;
-}
-
-bool ReadDepth(Bytes file, Layout& layout) {
-  constexpr std::array<int, 6> kDepths{1, 4, 8, 16, 24, 32};
-  const auto planes = ReadLittle<std::uint16_t>(file, 26);
-  const auto compression = ReadLittle<std::uint32_t>(file, 30);
-  layout.bit_count = ReadLittle<std::uint16_t>(file, 28);
-  layout.bit_fields = compression == kBitFields;
-  const bool may_have_fields = layout.bit_count == 16 || layout.bit_count == 32;
-  return planes == 1 && std::ranges::find(kDepths, layout.bit_count) != kDepths.end() &&
-         (compression == kPlain || (layout.bit_fields && may_have_fields));
-}
-
-/// The masks stand at offset 54 with every length of info header: behind a short one, inside the
-/// longer ones.
-bool ReadMasks(Bytes file, Layout& layout) {
-  constexpr std::size_t kMasksAt = kFileHeaderBytes + kInfoHeaderBytes;
-  if (!layout.bit_fields) {
-    layout.red.mask = layout.bit_count == 16 ? 0x7C00 : 0xFF0000;
-    layout.green.mask = layout.bit_count == 16 ? 0x03E0 : 0x00FF00;
-    layout.blue.mask = layout.bit_count == 16 ? 0x001F : 0x0000FF;
-    return true;
-  }
-  if (file.size() < kMasksAt + kMaskBytes) {
-    return false;
-  }
-  layout.red.mask = ReadLittle<std::uint32_t>(file, kMasksAt);
-  layout.green.mask = ReadLittle<std::uint32_t>(file, kMasksAt + 4);
-  layout.blue.mask = ReadLittle<std::uint32_t>(file, kMasksAt + 8);
-  return layout.red.Sound() && layout.green.Sound() && layout.blue.Sound();
-}
-
-/// Headers of the older kind with 12 bytes are refused: nobody has written them for decades, and
-/// every picture editor saves the longer ones.
-std::optional<Layout> ReadLayout(Bytes file) {
-  Layout layout;
-  if (file.size() < kFileHeaderBytes + kInfoHeaderBytes || file[0] != std::byte{'B'} ||
+/// The file's header, if it has one of a published length.
+std::optional<Header> ReadHeader(Bytes file) {
+  if (file.size() < kFileHeaderBytes + sizeof(std::uint32_t) || file[0] != std::byte{'B'} ||
       file[1] != std::byte{'M'}) {
     return {};
   }
-  const auto header_size = ReadLittle<std::uint32_t>(file, 14);
-  if (header_size < kInfoHeaderBytes || header_size > kLongestInfoHeader ||
-      !ReadSize(file, layout) || !ReadDepth(file, layout) || !ReadMasks(file, layout)) {
+  const auto size = ReadLittle<std::uint32_t>(file, 14);
+  const bool core = size == kCoreHeader;
+  if ((!core && size < kInfoHeaderBytes) || size > kMaxInfoHeader ||
+      file.size() - kFileHeaderBytes < size) {
     return {};
   }
-  const std::size_t masks_behind =
-      layout.bit_fields && header_size == kInfoHeaderBytes ? kMaskBytes : 0;
-  layout.colors_at = kFileHeaderBytes + header_size + masks_behind;
-  layout.pixels_at = ReadLittle<std::uint32_t>(file, 10);
-  const auto bits =
-      static_cast<std::size_t>(layout.width) * static_cast<unsigned>(layout.bit_count);
-  layout.stride = (bits + 31) / 32 * 4;
-  return layout;
+  if (core) {
+    return Header{.size = size,
+                  .width = ReadLittle<std::uint16_t>(file, 18),
+                  .height = ReadLittle<std::uint16_t>(file, 20),
+                  .planes = ReadLittle<std::uint16_t>(file, 22),
+                  .bit_count = ReadLittle<std::uint16_t>(file, 24),
+                  .color_bytes = 3};
+  }
+  return Header{.size = size,
+                .width = ReadLittle<std::int32_t>(file, 18),
+                .height = ReadLittle<std::int32_t>(file, 22),
+                .planes = ReadLittle<std::uint16_t>(file, 26),
+                .bit_count = ReadLittle<std::uint16_t>(file, 28),
+                .compression = ReadLittle<std::uint32_t>(file, 30),
+                .colors_used = ReadLittle<std::uint32_t>(file, 46)};
 }
 
-/// The colour count and the places of table and pixels, none of which may leave the file.
-bool CheckPlaces(Bytes file, Layout& layout) {
-  if (layout.bit_count <= 8) {
-    const std::size_t most = std::size_t{1} << static_cast<unsigned>(layout.bit_count);
-    const auto used = ReadLittle<std::uint32_t>(file, 46);
-    if (used > most) {
-      return false;
-    }
-    layout.color_count = used == 0 ? most : used;
+/// True for a size, a depth and a coding that this decoder reads.
+bool IsServed(const Header& header) {
+  struct Coding {
+    int bit_count;
+    std::uint32_t compression;
+    bool operator==(const Coding&) const = default;
+  };
+  constexpr auto kCodings = std::to_array<Coding>({{1, kPlain},
+                                                   {4, kPlain},
+                                                   {8, kPlain},
+                                                   {16, kPlain},
+                                                   {24, kPlain},
+                                                   {32, kPlain},
+                                                   {4, kRuns4},
+                                                   {8, kRuns8},
+                                                   {16, kBitFields},
+                                                   {32, kBitFields},
+                                                   {32, kAlphaBitFields}});
+  const Coding coding{header.bit_count, header.compression};
+  return header.width >= 1 && header.width <= kMaxSide && header.height != 0 &&
+         header.height >= -kMaxSide && header.height <= kMaxSide && header.planes == 1 &&
+         std::ranges::find(kCodings, coding) != kCodings.end();
+}
+
+/// The masks begin at offset 54 with every length of info header: after a short one, inside the
+/// longer ones.
+bool ReadMasks(Bytes file, const Header& header, Layout& layout) {
+  if (header.HasMasks()) {
+    layout.red.mask = ReadLittle<std::uint32_t>(file, kMasksAt);
+    layout.green.mask = ReadLittle<std::uint32_t>(file, kMasksAt + 4);
+    layout.blue.mask = ReadLittle<std::uint32_t>(file, kMasksAt + 8);
+  } else {
+    layout.red.mask = header.bit_count == 16 ? 0x7C00 : 0xFF0000;
+    layout.green.mask = header.bit_count == 16 ? 0x03E0 : 0x00FF00;
+    layout.blue.mask = header.bit_count == 16 ? 0x001F : 0x0000FF;
   }
-  const std::size_t header_end = layout.colors_at + layout.color_count * sizeof(RGBQuad);
-  const std::size_t pixel_bytes = layout.stride * static_cast<std::size_t>(layout.height);
+  if (header.HasAlphaMask()) {
+    const Channel alpha{ReadLittle<std::uint32_t>(file, kAlphaMaskAt)};
+    layout.alpha = alpha.IsSound() ? std::optional(alpha) : std::nullopt;
+  }
+  return layout.red.IsSound() && layout.green.IsSound() && layout.blue.IsSound();
+}
+
+/// The number of table entries; none if the file claims more than its depth can use.
+std::optional<std::size_t> CountColors(const Header& header) {
+  if (header.bit_count > 8) {
+    return 0;
+  }
+  const std::size_t maximum = std::size_t{1} << static_cast<unsigned>(header.bit_count);
+  if (header.colors_used > maximum) {
+    return {};
+  }
+  return header.colors_used == 0 ? maximum : header.colors_used;
+}
+
+/// False if the table and the pixels overlap or leave the file. How long coded pixels are shows
+/// when they are decoded.
+bool FitsInto(Bytes file, const Layout& layout) {
+  const std::size_t header_end = layout.colors_at + layout.color_count * layout.color_bytes;
+  const std::size_t pixel_bytes =
+      layout.IsCoded() ? 0 : layout.stride * static_cast<std::size_t>(layout.height);
   return layout.pixels_at >= header_end && layout.pixels_at <= file.size() &&
          file.size() - layout.pixels_at >= pixel_bytes;
 }
 
+std::optional<Layout> ReadLayout(Bytes file) {
+  const std::optional<Header> header = ReadHeader(file);
+  if (!header || !IsServed(*header)) {
+    return {};
+  }
+  const std::optional<std::size_t> colors = CountColors(*header);
+  Layout layout{.width = static_cast<int>(header->width),
+                .height = static_cast<int>(std::abs(header->height)),
+                .order = header->height < 0 ? RowOrder::kTopDown : RowOrder::kBottomUp,
+                .bit_count = header->bit_count,
+                .compression = header->compression,
+                .colors_at = kFileHeaderBytes + header->size + header->MaskBytes(),
+                .color_count = colors.value_or(0),
+                .color_bytes = header->color_bytes,
+                .pixels_at = ReadLittle<std::uint32_t>(file, 10)};
+  layout.stride = StrideOf(layout.width, layout.bit_count);
+  const bool sound = colors && file.size() >= layout.colors_at &&
+                     ReadMasks(file, *header, layout) && FitsInto(file, layout);
+  return sound ? std::optional(layout) : std::nullopt;
+}
+
 void ReadColors(Bytes file, const Layout& layout, Bitmap& bitmap) {
   for (std::size_t i = 0; i < layout.color_count; ++i) {
-    const std::size_t at = layout.colors_at + i * sizeof(RGBQuad);
-    bitmap.colors[i] = {ReadLittle<std::uint8_t>(file, at), ReadLittle<std::uint8_t>(file, at + 1),
-                        ReadLittle<std::uint8_t>(file, at + 2),
-                        ReadLittle<std::uint8_t>(file, at + 3)};
+    const Bytes entry = file.subspan(layout.colors_at + i * layout.color_bytes, layout.color_bytes);
+    std::memcpy(&bitmap.colors[i], entry.data(), entry.size());
   }
 }
 
@@ -161,6 +225,9 @@ void SpreadChannels(Bytes row, const Layout& layout, std::uint8_t* out) {
     out[0] = layout.blue.From(pixel);
     out[1] = layout.green.From(pixel);
     out[2] = layout.red.From(pixel);
+    if constexpr (kTargetBytes == 4) {
+      out[3] = layout.alpha ? layout.alpha->From(pixel) : 0;
+    }
   }
 }
 
@@ -169,11 +236,38 @@ void DecodeRow(Bytes row, const Layout& layout, std::uint8_t* out) {
     WidenIndices(row, layout, out);
   } else if (layout.bit_count == 16) {
     SpreadChannels<std::uint16_t, 3>(row, layout, out);
-  } else if (layout.bit_fields) {
+  } else if (layout.compression != kPlain || layout.alpha) {
     SpreadChannels<std::uint32_t, 4>(row, layout, out);
   } else {
     std::memcpy(out, row.data(), row.size());
   }
+}
+
+void DecodeRows(Bytes pixels, const Layout& layout, Bitmap& bitmap) {
+  const auto rows = static_cast<std::size_t>(layout.height);
+  for (std::size_t y = 0; y < rows; ++y) {
+    const std::size_t file_row = layout.order == RowOrder::kTopDown ? y : rows - 1 - y;
+    DecodeRow(pixels.subspan(file_row * layout.stride, layout.stride), layout,
+              bitmap.bits.data() + y * bitmap.stride);
+  }
+}
+
+bool DecodePixels(Bytes pixels, const Layout& layout, Bitmap& bitmap) {
+  if (layout.IsCoded()) {
+    return DecodeRuns(pixels, static_cast<unsigned>(layout.bit_count), layout.order, bitmap);
+  }
+  DecodeRows(pixels, layout, bitmap);
+  return true;
+}
+
+/// Many writers leave the fourth byte of every pixel at 0 and mean an opaque picture.
+bool ShowsThroughAlpha(const Bitmap& bitmap) {
+  for (std::size_t at = 3; at < bitmap.bits.size(); at += 4) {
+    if (bitmap.bits[at] != 0) {
+      return true;
+    }
+  }
+  return false;
 }
 
 int DepthInMemory(int file_depth) {
@@ -182,27 +276,9 @@ int DepthInMemory(int file_depth) {
 
 }  // namespace
 
-HBITMAP NewBitmap(int width, int height, int bit_count) try {
-  const bool sized =
-      width >= 1 && width <= kMostPixelsASide && height >= 1 && height <= kMostPixelsASide;
-  if (!sized || (bit_count != 8 && bit_count != 24 && bit_count != 32)) {
-    return {};
-  }
-  auto bitmap = std::make_shared<Bitmap>();
-  bitmap->width = width;
-  bitmap->height = height;
-  bitmap->bit_count = bit_count;
-  bitmap->stride =
-      (static_cast<std::size_t>(width) * static_cast<unsigned>(bit_count) + 31) / 32 * 4;
-  bitmap->bits.resize(bitmap->stride * static_cast<std::size_t>(height));
-  return bitmap;
-} catch (const std::bad_alloc&) {
-  return {};
-}
-
 HBITMAP DecodeBitmapFile(Bytes file) {
-  std::optional<Layout> layout = ReadLayout(file);
-  if (!layout || !CheckPlaces(file, *layout)) {
+  const std::optional<Layout> layout = ReadLayout(file);
+  if (!layout) {
     return {};
   }
   HBITMAP bitmap = NewBitmap(layout->width, layout->height, DepthInMemory(layout->bit_count));
@@ -210,20 +286,19 @@ HBITMAP DecodeBitmapFile(Bytes file) {
     return {};
   }
   ReadColors(file, *layout, *bitmap);
-  const auto rows = static_cast<std::size_t>(layout->height);
-  for (std::size_t y = 0; y < rows; ++y) {
-    const std::size_t file_row = layout->top_down ? y : rows - 1 - y;
-    DecodeRow(file.subspan(layout->pixels_at + file_row * layout->stride, layout->stride), *layout,
-              bitmap->bits.data() + y * bitmap->stride);
+  if (!DecodePixels(file.subspan(layout->pixels_at), *layout, *bitmap)) {
+    return {};
   }
+  bitmap->has_alpha = layout->alpha && ShowsThroughAlpha(*bitmap);
   return bitmap;
 }
 
-HBITMAP LoadImageA(std::string_view path, std::uint32_t flags, FileStatus* status) {
+HBITMAP LoadImageA(FileSystem& files, std::string_view path, std::uint32_t flags,
+                   FileStatus* status) {
   if ((flags & LR_LOADFROMFILE) == 0) {
     return {};
   }
-  const auto file = ReadFile(path, kLargestFile, status);
+  const auto file = files.ReadFile(path, kMaxFileBytes, status);
   return file ? DecodeBitmapFile(*file) : HBITMAP();
 }
 

@@ -1,13 +1,14 @@
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "platform/gdi.h"
 
 namespace platform {
 namespace {
 
-/// One direction of a copy, clipped to both bitmaps: the target's pixels first, first + 1, ... come
-/// from the source's pixels source[0], source[1], ...
+/// One direction of a copy, clipped to both bitmaps: source[i] is the source's pixel for the
+/// target's pixel first + i.
 struct Axis {
   std::size_t first = 0;
   std::vector<std::size_t> source;
@@ -32,8 +33,8 @@ Axis ClipAxis(std::int64_t target, std::int64_t target_size, std::int64_t target
   return axis;
 }
 
-/// Nearest entries of a colour table, the lowest index of equal ones. Remembers the latest answer,
-/// since neighbours in a picture are often alike.
+/// Finds the nearest entry of a colour table, the lowest index of equal ones. Remembers the latest
+/// answer, since neighbours in a picture are often alike.
 class ColorMatcher {
  public:
   explicit ColorMatcher(const std::array<RGBQuad, 256>& table) : table_(table) {}
@@ -72,7 +73,7 @@ RGBQuad ColorAt(const Bitmap& bitmap, std::size_t x, std::size_t y) {
   return {pixel[0], pixel[1], pixel[2], 0};
 }
 
-/// What a copy between two bitmaps does with a run of pixels of one row.
+/// Copies runs of pixels of one row to a bitmap of 8 or 24 bits.
 class RowCopier {
  public:
   RowCopier(Bitmap& target, const Bitmap& source)
@@ -82,7 +83,7 @@ class RowCopier {
         same_format_(target.bit_count == source.bit_count &&
                      (target.bit_count != 8 || target.colors == source.colors)),
         matcher_(target.colors) {
-    if (target.bit_count == 8 && source.bit_count == 8 && !same_format_) {
+    if (target.bit_count == 8 && source.bit_count == 8) {
       std::ranges::transform(source.colors, index_map_.begin(),
                              [this](const RGBQuad& color) { return matcher_.Nearest(color); });
     }
@@ -107,18 +108,18 @@ class RowCopier {
 
  private:
   void Convert(std::uint8_t* out, const std::uint8_t* row, std::size_t x, std::size_t y) {
-    if (pixel_bytes_ == 1) {
-      out[0] =
-          source_.bit_count == 8 ? index_map_[row[x]] : matcher_.Nearest(ColorAt(source_, x, y));
+    if (pixel_bytes_ == 1 && source_.bit_count == 8) {
+      out[0] = index_map_[row[x]];
       return;
     }
     const RGBQuad color = ColorAt(source_, x, y);
+    if (pixel_bytes_ == 1) {
+      out[0] = matcher_.Nearest(color);
+      return;
+    }
     out[0] = color.blue;
     out[1] = color.green;
     out[2] = color.red;
-    if (pixel_bytes_ == 4) {
-      out[3] = 0xFF;
-    }
   }
 
   Bitmap& target_;
@@ -126,10 +127,10 @@ class RowCopier {
   std::size_t pixel_bytes_;
   bool same_format_;
   ColorMatcher matcher_;
-  std::array<std::uint8_t, 256> index_map_{};
+  std::array<std::uint8_t, 256> index_map_{};  ///< target's entry for each of the source's
 };
 
-/// The table of an 8-bit context from entry `start`; empty when there is none.
+/// The table of an 8-bit context from entry `start`; empty if it has none.
 std::span<RGBQuad> TableFrom(const HDC& dc, unsigned start) {
   if (!dc || !dc->bitmap || dc->bitmap->bit_count != 8 || start >= dc->bitmap->colors.size()) {
     return {};
@@ -143,19 +144,18 @@ bool StretchBlt(const HDC& target, int x, int y, int width, int height, const HD
                 int source_x, int source_y, int source_width, int source_height,
                 std::uint32_t operation) {
   if (!target || !target->bitmap || !source || !source->bitmap || operation != SRCCOPY ||
-      width < 1 || height < 1 || source_width < 1 || source_height < 1) {
+      width < 1 || height < 1 || source_width < 1 || source_height < 1 ||
+      target->bitmap->bit_count == 32 || target->bitmap == source->bitmap) {
     return false;
   }
   Bitmap& to = *target->bitmap;
-  // A copy inside one bitmap reads what was there before it.
-  const HBITMAP before =
-      target->bitmap == source->bitmap ? std::make_shared<Bitmap>(to) : source->bitmap;
-  const Axis columns = ClipAxis(x, width, to.width, source_x, source_width, before->width);
-  const Axis rows = ClipAxis(y, height, to.height, source_y, source_height, before->height);
+  const Bitmap& from = *source->bitmap;
+  const Axis columns = ClipAxis(x, width, to.width, source_x, source_width, from.width);
+  const Axis rows = ClipAxis(y, height, to.height, source_y, source_height, from.height);
   if (columns.source.empty()) {
     return true;
   }
-  RowCopier copier(to, *before);
+  RowCopier copier(to, from);
   for (std::size_t i = 0; i < rows.source.size(); ++i) {
     copier.Copy(rows.first + i, rows.source[i], columns, width != source_width);
   }
@@ -165,25 +165,20 @@ bool StretchBlt(const HDC& target, int x, int y, int width, int height, const HD
 int GetDIBits(const HDC& dc, const HBITMAP& bitmap, unsigned start, unsigned lines,
               std::span<std::uint8_t> pixels, BitmapInfo& info) {
   if (!dc || !bitmap || info.header.bit_count != bitmap->bit_count ||
-      info.header.compression != 0 || info.header.width != bitmap->width ||
-      info.header.height != bitmap->height) {
+      info.header.width != bitmap->width || info.header.height != bitmap->height || start != 0 ||
+      std::cmp_not_equal(lines, bitmap->height) || pixels.size() < bitmap->bits.size()) {
     return 0;
   }
-  const auto height = static_cast<unsigned>(bitmap->height);
-  const unsigned count = start < height ? std::min(lines, height - start) : 0;
-  if (pixels.size() < count * bitmap->stride) {
-    return 0;
+  const std::size_t stride = bitmap->stride;
+  for (std::size_t row = 0; row < lines; ++row) {
+    std::memcpy(pixels.data() + row * stride, bitmap->bits.data() + (lines - 1 - row) * stride,
+                stride);
   }
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::size_t row = height - 1 - start - i;
-    std::memcpy(pixels.data() + i * bitmap->stride, bitmap->bits.data() + row * bitmap->stride,
-                bitmap->stride);
-  }
-  info.header.size_image = static_cast<std::uint32_t>(bitmap->stride * height);
+  info.header.size_image = static_cast<std::uint32_t>(bitmap->bits.size());
   if (bitmap->bit_count == 8) {
     info.colors = bitmap->colors;
   }
-  return static_cast<int>(count);
+  return bitmap->height;
 }
 
 unsigned GetDIBColorTable(const HDC& dc, unsigned start, std::span<RGBQuad> colors) {

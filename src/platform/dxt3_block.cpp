@@ -11,10 +11,10 @@ namespace {
 /// A colour of 5, 6 and 5 bits for red, green and blue.
 using EndColor = std::array<int, 3>;
 using Ends = std::array<EndColor, 2>;
-constexpr EndColor kMost{31, 63, 31};
+constexpr EndColor kMaxEnd{31, 63, 31};
 
-/// Steps that one block may take towards its best ends; nearly all stand still after three.
-constexpr int kMostRounds = 8;
+/// Steps that one block may take towards its best ends; nearly all stop after three.
+constexpr int kMaxRounds = 8;
 
 EndColor Unpack(std::byte low, std::byte high) {
   const int packed = std::to_integer<int>(low) | std::to_integer<int>(high) << 8;
@@ -68,11 +68,11 @@ Fit Match(const BlockPixels& pixels, const Ends& ends, int enough) {
   return fit;
 }
 
-/// Moves one part of one end by one step where that brings the block nearer. True when it did.
+/// Moves one part of one end by one step if that brings the block nearer. True if it did.
 bool Nudge(const BlockPixels& pixels, Ends& ends, Fit& fit, std::size_t end, std::size_t part) {
   const int before = ends[end][part];
   for (const int moved : {before - 1, before + 1}) {
-    if (moved < 0 || moved > kMost[part]) {
+    if (moved < 0 || moved > kMaxEnd[part]) {
       continue;
     }
     ends[end][part] = moved;
@@ -87,12 +87,12 @@ bool Nudge(const BlockPixels& pixels, Ends& ends, Fit& fit, std::size_t end, std
 }
 
 /// The encoder fits its ends as exact colours and rounds them afterwards to the 16 bits that they
-/// are stored in. In the soft slopes of a cloud that rounding is most of the error, and a few steps
-/// round the rounded ends win back more than a decibel for about a quarter more time.
+/// are stored in. In the soft slopes of a cloud that rounding is most of the error: a few steps
+/// away from the rounded ends win back more than a decibel for about a quarter more time.
 Fit Refine(const BlockPixels& pixels, Ends& ends) {
   Fit fit = Match(pixels, ends, std::numeric_limits<int>::max());
   bool moved = true;
-  for (int round = 0; round < kMostRounds && moved && fit.error > 0; ++round) {
+  for (int round = 0; round < kMaxRounds && moved && fit.error > 0; ++round) {
     moved = false;
     for (std::size_t i = 0; i < 6; ++i) {
       moved = Nudge(pixels, ends, fit, i / 3, i % 3) || moved;
@@ -101,8 +101,8 @@ Fit Refine(const BlockPixels& pixels, Ends& ends) {
   return fit;
 }
 
-/// Equal ends are one colour, which every pixel takes from the first; else the larger goes first,
-/// and the indices change their names with it: 0 with 1, 2 with 3.
+/// Equal ends are one colour, which every pixel takes from the first; otherwise the larger goes
+/// first, which swaps the indices 0 with 1 and 2 with 3.
 void PutInOrder(Ends& ends, Fit& fit) {
   if (Pack(ends[0]) == Pack(ends[1])) {
     fit.indices = 0;

@@ -1,11 +1,29 @@
 #include "platform/gdi.h"
 
-#include <cstdlib>
-#include <limits>
-
-#include "platform/bitmap_file.h"
+#include <new>
 
 namespace platform {
+
+HBITMAP NewBitmap(int width, int height, int bit_count) try {
+  const bool sized = width >= 1 && width <= kMaxSide && height >= 1 && height <= kMaxSide;
+  if (!sized || (bit_count != 8 && bit_count != 24 && bit_count != 32)) {
+    return {};
+  }
+  const std::size_t stride = StrideOf(width, bit_count);
+  if (stride * static_cast<std::size_t>(height) > kMaxBitmapBytes) {
+    return {};
+  }
+  auto bitmap = std::make_shared<Bitmap>();
+  bitmap->width = width;
+  bitmap->height = height;
+  bitmap->bit_count = bit_count;
+  bitmap->stride = stride;
+  bitmap->bits.resize(stride * static_cast<std::size_t>(height));
+  return bitmap;
+} catch (const std::bad_alloc&) {
+  return {};
+}
+
 HDC CreateCompatibleDC(const HDC& /*reference*/) { return std::make_shared<DeviceContext>(); }
 
 void DeleteDC(HDC& dc) { dc.reset(); }
@@ -21,11 +39,7 @@ bool SelectObject(const HDC& dc, const HBITMAP& bitmap) {
 }
 
 HBITMAP CreateDIBSection(const HDC& /*dc*/, const BitmapInfo& info) {
-  const BitmapInfoHeader& header = info.header;
-  if (header.compression != 0 || header.height == std::numeric_limits<std::int32_t>::min()) {
-    return {};
-  }
-  HBITMAP bitmap = NewBitmap(header.width, std::abs(header.height), header.bit_count);
+  HBITMAP bitmap = NewBitmap(info.header.width, info.header.height, info.header.bit_count);
   if (bitmap) {
     bitmap->colors = info.colors;
   }

@@ -5,56 +5,57 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
+#include "platform/FileStatus.h"
+#include "platform/IniDocument.h"
 
 namespace platform {
 
-/// The three initialization-file services, as published, over any text file of sections in square
-/// brackets and key=value lines. Sections and keys match without case and the first of a name
-/// counts; blanks round a value and one pair of quotes round it are taken off; lines that begin
-/// with ';' are comments; CRLF and LF are both read and each file keeps its own. Text is UTF-8 here
-/// and Windows-1252 in the file. A file is read once and again only when it changed on disk (time
-/// stamp, size or identity), and no call costs a pass over it; while the system will not read it,
-/// what was read last stands. Files over 16 MiB count as absent, and are not written.
+class FileSystem;
 
-/// The decimal value of a key: blanks, a sign and digits, up to the first other character; 0 when
-/// there is none. `fallback` when section, key or file is absent. Wraps at 32 bits, as published.
-std::int32_t GetPrivateProfileIntA(std::string_view section, std::string_view key,
-                                   std::int32_t fallback, std::string_view file);
-
-/// The value of a key, or `fallback` with trailing blanks taken off when it is absent, cut to
-/// `size` - 1 bytes of the file's code page.
-std::string GetPrivateProfileStringA(std::string_view section, std::string_view key,
-                                     std::string_view fallback, std::size_t size,
-                                     std::string_view file);
-
-/// Reads the file now if it has to be read. Whoever takes a lot of values asks first, since a file
-/// that the system will not read has none.
-FileStatus ReadProfile(std::string_view file);
-
-/// Replaces the key's value in place, or adds the key at the end of its section, or the section at
-/// the end of the file, or creates the file. Every other byte stays. One safe, flushed replacement
-/// for each call, unless an IniBatch for that file is alive. kOk without a write when the value
-/// already stands. A value that begins or ends with blanks or stands in quotes of its own is put in
-/// quotes, so that it reads back the same. kOther, and nothing written, for what would not read
-/// back: a line break or a null character anywhere, "=" in a key, "]" in a section.
-FileStatus WritePrivateProfileStringA(std::string_view section, std::string_view key,
-                                      std::string_view value, std::string_view file);
-
-/// While one lives, writes to `file` are collected; Commit, or its end, makes them in one safe
-/// replacement. Reads see them at once.
-class IniBatch {
+/// An initialization file, opened once for any number of keys: sections in square brackets and
+/// key=value lines. Sections and keys match without case, and the first of a name counts. Blanks
+/// around a value and one pair of quotes around it are removed; lines that begin with ';' are
+/// comments; CRLF and LF are both read and each file keeps its own. Text is UTF-8 here and
+/// Windows-1252 in the file. A file over 16 MiB is refused with kTooLarge.
+class IniFile {
  public:
-  explicit IniBatch(std::string_view file);
-  IniBatch(const IniBatch&) = delete;
-  IniBatch& operator=(const IniBatch&) = delete;
-  ~IniBatch();
+  /// Reads the file now. A file that can't be read has no keys, and is not written.
+  IniFile(FileSystem& files, std::string path);
 
-  FileStatus Commit();
+  /// kOk, kNoSource for a file that does not exist, or why it could not be read.
+  FileStatus status() const { return status_; }
+  const IniDocument& document() const { return document_; }
+  IniDocument& document() { return document_; }
+
+  /// Writes the changes in one safe, flushed replacement; every other byte stays. Creates a file
+  /// that does not exist. Nothing is written if nothing changed.
+  FileStatus Save();
 
  private:
-  std::string file_;
-  bool open_ = true;
+  FileSystem& files_;
+  std::string path_;
+  FileStatus status_ = FileStatus::kOk;
+  IniDocument document_;
 };
+
+/// The published initialization-file services, on an opened file.
+
+/// The decimal value of a key: blanks, a sign and digits, up to the first other character; 0 if
+/// there are none. `fallback` if section or key is absent. Wraps at 32 bits.
+std::int32_t GetPrivateProfileIntA(std::string_view section, std::string_view key,
+                                   std::int32_t fallback, const IniFile& file);
+
+/// The value of a key, cut to `size` - 1 bytes of the file's code page, or `fallback` without
+/// trailing blanks if the key is absent.
+std::string GetPrivateProfileStringA(std::string_view section, std::string_view key,
+                                     std::string_view fallback, std::size_t size,
+                                     const IniFile& file);
+
+/// Replaces the value in place, or adds the key at the end of its section, or the section at the
+/// end of the file; IniFile::Save stores it. A value that begins or ends with blanks or has quotes
+/// of its own is put in quotes, so that it reads back the same. kOther, and no change, for what
+/// would not read back: a line break or a null character anywhere, "=" in a key, "]" in a section.
+FileStatus WritePrivateProfileStringA(std::string_view section, std::string_view key,
+                                      std::string_view value, IniFile& file);
 
 }  // namespace platform

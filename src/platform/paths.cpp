@@ -6,23 +6,22 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
-#include "platform/FileStamp.h"
-#include "platform/FileSteps.h"
 #include "platform/FolderListings.h"
-#include "platform/files.h"
+#include "platform/host_folder.h"
 
 namespace platform {
 namespace {
 
-void TakeComponent(std::vector<std::string_view>& components, std::string_view component,
-                   bool absolute) {
+/// Adds a component to a normalised path; "." adds nothing and ".." takes the last one off.
+void ApplyComponent(std::vector<std::string_view>& components, std::string_view component,
+                    bool absolute) {
   if (component.empty() || component == ".") {
     return;
   }
@@ -41,7 +40,7 @@ std::string Normalise(std::string_view path) {
   std::vector<std::string_view> components;
   while (!path.empty()) {
     const std::size_t cut = std::min(path.find_first_of(kSeparators), path.size());
-    TakeComponent(components, path.substr(0, cut), absolute);
+    ApplyComponent(components, path.substr(0, cut), absolute);
     path.remove_prefix(std::min(cut + 1, path.size()));
   }
   std::string text = absolute ? "/" : "";
@@ -59,19 +58,19 @@ bool Exists(const std::string& path) {
 
 bool IsAbsence(int error) { return error == ENOENT || error == ENOTDIR; }
 
-/// The path as it is or would be on disk. At most two looks at the disk for an existing folder.
-std::string MatchCase(std::string path, int& unread) {
+/// The path as it is or would be on disk. Looks for the whole path, then for its last component in
+/// another case, and only then for its folder in another case: most paths are as composed.
+std::string MatchCase(FolderListings& listings, std::string path, FileStatus& unlisted) {
   if (path == "." || path == "/" || Exists(path)) {
     return path;
   }
   auto [folder, name] = SplitPath(path);
   std::string found;
-  if (!FindIgnoringCase(folder, name, found)) {
-    folder = MatchCase(std::move(folder), unread);
-    if (!Exists(JoinPath(folder, name)) && !FindIgnoringCase(folder, name, found) &&
-        !IsAbsence(errno)) {
-      unread = errno;
-    }
+  if (listings.FindIgnoringCase(folder, name, found) != 0) {
+    folder = MatchCase(listings, std::move(folder), unlisted);
+    const int error =
+        Exists(JoinPath(folder, name)) ? 0 : listings.FindIgnoringCase(folder, name, found);
+    unlisted = error == 0 || IsAbsence(error) ? unlisted : StatusFromErrno(error);
   }
   return JoinPath(folder, found.empty() ? name : found);
 }
@@ -85,26 +84,6 @@ std::string RealPathOf(int descriptor) {
                                    : std::string();
 }
 
-struct Root {
-  std::string host;
-  FileStamp stamp;
-  std::string real;
-  int error = 0;  ///< errno value of the look at it
-};
-
-FileStamp FolderStamp(const std::string& host) {
-  struct stat facts {};
-  return stat(host.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) ? StampOf(facts) : FileStamp{};
-}
-
-Root FindRoot(std::string_view path) {
-  std::string host = HostPath(path);
-  const FileStamp stamp = FolderStamp(host);
-  std::string real;
-  const int error = OpenReal(host, O_PATH | O_DIRECTORY, real).IsOpen() ? 0 : errno;
-  return {std::move(host), stamp, std::move(real), error};
-}
-
 bool IsBelow(const std::string& real, const std::string& root) {
   if (root.empty() || !real.starts_with(root)) {
     return false;
@@ -114,26 +93,24 @@ bool IsBelow(const std::string& real, const std::string& root) {
 
 }  // namespace
 
-std::string HostPath(std::string_view path, FileStatus* status) {
-  int unread = 0;
-  std::string host = FindHostPath(path, unread);
-  if (status != nullptr) {
-    *status = StatusFromErrno(unread);
-  }
-  return host;
-}
-
-std::string FindHostPath(std::string_view path, int& unread) {
-  unread = 0;
+std::string FindHostPath(FolderListings& listings, std::string_view path, FileStatus& unlisted) {
+  unlisted = FileStatus::kOk;
   if (path.empty() || path.find('\0') != std::string_view::npos) {
     return {};
   }
   std::string text = Normalise(path);
-  return text.size() < PATH_MAX ? MatchCase(text, unread) : text;
+  return text.size() < PATH_MAX ? MatchCase(listings, text, unlisted) : text;
+}
+
+FileStatus Absence(int error, FileStatus unlisted, FileStatus absent) {
+  if (!IsAbsence(error)) {
+    return StatusFromErrno(error);
+  }
+  return unlisted == FileStatus::kOk ? absent : unlisted;
 }
 
 Descriptor OpenReal(const std::string& host, int flags, std::string& real) {
-  // Most paths hold no link: then the path is its own real one, and nothing more need be asked.
+  // Most paths hold no link and are their own real path.
   open_how how{};
   how.flags = static_cast<unsigned>(flags | O_CLOEXEC);
   how.resolve = RESOLVE_NO_SYMLINKS;
@@ -148,44 +125,13 @@ Descriptor OpenReal(const std::string& host, int flags, std::string& real) {
   return place;
 }
 
-bool IsInRoot(const std::string& real, std::string_view root, int* error) {
-  constexpr std::size_t kMostRoots = 16;
-  // Asked for every file of a run, and the answer hardly ever changes.
-  static std::unordered_map<std::string, Root> roots;
-  const auto known = roots.find(std::string(root));
-  if (known != roots.end() && FolderStamp(known->second.host) == known->second.stamp &&
-      IsBelow(real, known->second.real)) {
-    return true;
-  }
-  Root fresh = FindRoot(root);
-  const bool inside = IsBelow(real, fresh.real);
-  if (error != nullptr) {
-    *error = fresh.error;
-  }
-  if (roots.size() >= kMostRoots) {
-    roots.clear();
-  }
-  roots.insert_or_assign(std::string(root), std::move(fresh));
-  return inside;
-}
-
-bool LiesWithin(std::string_view path, std::string_view root, FileStatus* status) {
-  FileStatus ignored = FileStatus::kOk;
-  FileStatus& told = status == nullptr ? ignored : *status;
-  std::string host = HostPath(path, &told);
-  if (host.empty()) {
-    return false;
-  }
-  // What does not exist yet can't lead anywhere else than its deepest existing folder does; a link
-  // whose end is missing could.
-  while (!Exists(host) && host != "/" && host != ".") {
-    host = SplitPath(host).folder;
-  }
-  std::string real;
-  int error = OpenReal(host, O_PATH, real).IsOpen() ? 0 : errno;
-  const bool inside = error == 0 && IsInRoot(real, root, &error);
-  told = error == 0 ? told : StatusFromErrno(error);
-  return inside;
+bool IsInRoot(FolderListings& listings, const std::string& real, std::string_view root,
+              FileStatus& status) {
+  const std::string host = FindHostPath(listings, root, status);
+  std::string real_root;
+  const bool opened = OpenReal(host, O_PATH | O_DIRECTORY, real_root).IsOpen();
+  status = opened ? FileStatus::kOk : Absence(errno, status, FileStatus::kNoFolder);
+  return opened && IsBelow(real, real_root);
 }
 
 }  // namespace platform

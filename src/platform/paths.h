@@ -4,19 +4,29 @@
 #include <string_view>
 
 #include "platform/Descriptor.h"
+#include "platform/FileStatus.h"
 
 namespace platform {
 
-/// HostPath, with the errno value of a folder that could not be looked into on the way, else 0. A
-/// path that then seems to lead nowhere may be there in another case.
-std::string FindHostPath(std::string_view path, int& unread);
+class FolderListings;
 
-/// Opens a host path, links followed, and gives its real path, which is empty when the system has
+/// What FileSystem is made of: paths of the host.
+
+/// The host's path of a composed one. If a folder along the path can't be listed, the path may
+/// exist in another case: `unlisted` is then the reason, otherwise kOk.
+std::string FindHostPath(FolderListings& listings, std::string_view path, FileStatus& unlisted);
+
+/// The status for a path that can't be opened: `absent` if it does not exist, unless a folder that
+/// could not be listed may hold it. `error` is an errno value.
+FileStatus Absence(int error, FileStatus unlisted, FileStatus absent);
+
+/// Opens a host path, links followed, and gives its real path, which is empty if the system has
 /// none for it.
 Descriptor OpenReal(const std::string& host, int flags, std::string& real);
 
-/// Whether a real path is the folder `root`, a composed path, or lies below it. False when there is
-/// no such folder, or it can't be looked at, of which `error` gets the errno value, else 0.
-bool IsInRoot(const std::string& real, std::string_view root, int* error = nullptr);
+/// True if a real path is the folder `root`, a composed path, or lies below it. False also if that
+/// folder can't be opened: `status` is then the reason, otherwise kOk.
+bool IsInRoot(FolderListings& listings, const std::string& real, std::string_view root,
+              FileStatus& status);
 
 }  // namespace platform

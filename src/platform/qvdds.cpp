@@ -3,9 +3,9 @@
 #include <array>
 #include <vector>
 
+#include "platform/FileSystem.h"
 #include "platform/bitmap_file.h"
 #include "platform/dxt3_block.h"
-#include "platform/files.h"
 #include "platform/gdi.h"
 #include "platform/little_endian.h"
 
@@ -45,14 +45,14 @@ const TextureFormat* FindFormat(std::int32_t code) {
   return nullptr;
 }
 
-/// The grey of a colour table entry by the usual weights; an entry of three equal parts is exactly
-/// that part.
+/// The grey of a colour table entry by the usual weights (77, 150, 29 of 256); an entry of three
+/// equal parts is exactly that part.
 std::uint8_t Grey(const RGBQuad& color) {
   return static_cast<std::uint8_t>(
       (color.red * 77U + color.green * 150U + color.blue * 29U + 128U) >> 8U);
 }
 
-/// The two sheets as one picture of colour and alpha, rows counted from the bottom.
+/// The two sheets as one picture of colour and alpha. Rows are counted from the bottom.
 class MergedSheet {
  public:
   MergedSheet(HBITMAP color, HBITMAP alpha) : color_(std::move(color)), alpha_(std::move(alpha)) {
@@ -61,7 +61,7 @@ class MergedSheet {
     }
   }
 
-  bool Sound() const {
+  bool IsSound() const {
     return color_->bit_count == 24 && alpha_->bit_count == 8 && color_->width == alpha_->width &&
            color_->height == alpha_->height;
   }
@@ -139,15 +139,15 @@ void AppendBlocks(std::vector<std::byte>& file, const MergedSheet& sheet) {
 
 std::int32_t BMPScompressBMP(std::string_view color_sheet, std::string_view alpha_sheet,
                              std::int32_t format, std::int16_t /*flag1*/, std::int16_t /*flag2*/,
-                             std::string_view output) {
+                             std::string_view output, FileSystem& files) {
   const TextureFormat* const texture = FindFormat(format);
-  const HBITMAP color = LoadImageA(color_sheet, LR_LOADFROMFILE | LR_CREATEDIBSECTION);
-  const HBITMAP alpha = LoadImageA(alpha_sheet, LR_LOADFROMFILE | LR_CREATEDIBSECTION);
+  const HBITMAP color = LoadImageA(files, color_sheet, LR_LOADFROMFILE | LR_CREATEDIBSECTION);
+  const HBITMAP alpha = LoadImageA(files, alpha_sheet, LR_LOADFROMFILE | LR_CREATEDIBSECTION);
   if (texture == nullptr || !color || !alpha) {
     return 0;
   }
   const MergedSheet sheet(color, alpha);
-  if (!sheet.Sound() || sheet.width() % texture->side_multiple != 0 ||
+  if (!sheet.IsSound() || sheet.width() % texture->side_multiple != 0 ||
       sheet.height() % texture->side_multiple != 0) {
     return 0;
   }
@@ -162,7 +162,7 @@ std::int32_t BMPScompressBMP(std::string_view color_sheet, std::string_view alph
   } else {
     AppendPlainPixels(file, sheet);
   }
-  return ReplaceFile(output, file, Durability::kRename) == FileStatus::kOk ? 1 : 0;
+  return files.ReplaceFile(output, file, Durability::kRename) == FileStatus::kOk ? 1 : 0;
 }
 
 }  // namespace platform

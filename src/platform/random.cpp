@@ -8,19 +8,11 @@ namespace {
 /// Odd, so that its multiples run through all numbers of 64 bits before one comes again.
 constexpr std::uint64_t kStride = 0x9E3779B97F4A7C15U;
 
-std::uint64_t (*seed_source)() = nullptr;
-
 }  // namespace
 
-std::uint64_t ClockSeed() {
-  if (seed_source != nullptr) {
-    return seed_source();
-  }
-  static std::uint64_t calls = 0;
+std::uint64_t ClockSeed::Next() {
   const auto now = std::chrono::steady_clock::now().time_since_epoch();
-  return static_cast<std::uint64_t>(now.count()) + kStride * ++calls;
+  return static_cast<std::uint64_t>(now.count()) + kStride * ++calls_;
 }
-
-void SetSeedSource(std::uint64_t (*next)()) { seed_source = next; }
 
 }  // namespace platform

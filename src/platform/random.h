@@ -4,10 +4,14 @@
 
 namespace platform {
 
-/// A seed for a pseudo-random generator, taken from the clock at the moment of the call. A count of
-/// the calls is mixed in, so two seeds within one tick differ.
-std::uint64_t ClockSeed();
-/// For tests: seeds to use instead; null asks the clock again.
-void SetSeedSource(std::uint64_t (*next)());
+/// Seeds for a pseudo-random generator, each taken from the clock at the moment of the call. A
+/// count of the calls is mixed in, so two seeds of one object differ within one tick too.
+class ClockSeed {
+ public:
+  std::uint64_t Next();
+
+ private:
+  std::uint64_t calls_ = 0;
+};
 
 }  // namespace platform

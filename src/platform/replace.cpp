@@ -11,9 +11,9 @@
 
 #include "platform/Descriptor.h"
 #include "platform/FileStamp.h"
-#include "platform/FileSteps.h"
-#include "platform/FolderListings.h"
-#include "platform/files.h"
+#include "platform/FileSystem.h"
+#include "platform/FileSystemState.h"
+#include "platform/host_folder.h"
 #include "platform/paths.h"
 
 namespace platform {
@@ -24,23 +24,18 @@ using Fill = std::function<int(int descriptor)>;
 
 constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
 
-/// Where a replacement goes. The folder is held open, so that nobody can put another in its place
-/// between the look at it and the rename.
+/// Where a replacement goes. The folder stays open, so that checks and rename see the same one.
 struct Place {
   Descriptor folder;
   std::string folder_path;
   std::string name;
   std::string path;
   bool exists = false;
-  struct stat old {};  ///< of the file that stands there, when one does
+  struct stat old {};  ///< of the existing file
 };
 
-FileStatus FolderFailure(int error) {
-  return error == ENOENT || error == ENOTDIR ? FileStatus::kNoFolder : StatusFromErrno(error);
-}
-
-/// Whether the file that stands there may be replaced.
-FileStatus Replaceable(const Place& place) {
+/// kOk if the existing file may be replaced.
+FileStatus CheckReplaceable(const Place& place) {
   if (!S_ISREG(place.old.st_mode)) {
     return FileStatus::kNotAFile;
   }
@@ -54,10 +49,10 @@ FileStatus Replaceable(const Place& place) {
 
 enum class Links : bool { kRefuse, kFollow };
 
-/// Opens the folder of a host path, which has to lie in `root` unless that is empty, and looks
-/// at what stands there. A link of the user's stays a link: the file at its end is the one that
-/// gets replaced.
-FileStatus Locate(const std::string& path, std::string_view root, Links links, Place& place) {
+/// Opens the folder of a host path, which has to lie in `root` unless that is empty, and checks the
+/// file that exists there. A link is followed and stays: the file at its end is replaced.
+FileStatus Locate(FileSystemState& state, const std::string& path, std::string_view root,
+                  Links links, Place& place) {
   auto [folder, name] = SplitPath(path);
   place.path = path;
   place.folder_path = std::move(folder);
@@ -65,9 +60,9 @@ FileStatus Locate(const std::string& path, std::string_view root, Links links, P
   std::string real;
   place.folder = OpenReal(place.folder_path, O_PATH | O_DIRECTORY, real);
   if (!place.folder.IsOpen()) {
-    return FolderFailure(errno);
+    return Absence(errno, FileStatus::kOk, FileStatus::kNoFolder);
   }
-  if (!root.empty() && !IsInRoot(real, root)) {
+  if (FileStatus ignored{}; !root.empty() && !IsInRoot(state.listings, real, root, ignored)) {
     return FileStatus::kOutside;
   }
   place.exists =
@@ -76,16 +71,17 @@ FileStatus Locate(const std::string& path, std::string_view root, Links links, P
     return errno == ENOENT ? FileStatus::kOk : StatusFromErrno(errno);
   }
   if (!S_ISLNK(place.old.st_mode) || links == Links::kRefuse) {
-    return Replaceable(place);
+    return CheckReplaceable(place);
   }
   const std::unique_ptr<char, decltype(&free)> end(realpath(path.c_str(), nullptr), free);
-  return end ? Locate(end.get(), root, Links::kRefuse, place) : FileStatus::kNotAFile;
+  return end ? Locate(state, end.get(), root, Links::kRefuse, place) : FileStatus::kNotAFile;
 }
 
-/// The new file beside its target, gone at the end unless it took the target's place.
+/// The new file beside its target. Deleted at the end unless it has taken the target's place.
 class Temporary {
  public:
-  explicit Temporary(const Place& place) : place_(place), change_(place.folder_path) {}
+  Temporary(FileSystemState& state, const Place& place)
+      : state_(state), place_(place), change_(state.listings, place.folder_path) {}
   Temporary(const Temporary&) = delete;
   Temporary& operator=(const Temporary&) = delete;
   ~Temporary() {
@@ -96,30 +92,27 @@ class Temporary {
   }
 
   int Open();
-  int Write(const Fill& fill);
+  int Number() const { return file_.Number(); }
   int Finish(Durability durability);
   int TakePlace();
 
  private:
   void KeepPermissions() const;
 
+  FileSystemState& state_;
   const Place& place_;
-  OwnFolderChange change_;
+  FolderListings::OwnChange change_;
   Descriptor file_;
   std::string name_;
 };
 
 int Temporary::Open() {
-  constexpr int kTries = 1000;  // names that a killed run of the same number left
-  static unsigned long count = 0;
-  if (const int error = FailureAt("open", place_.path); error != 0) {
-    return error;
-  }
+  constexpr int kMaxTries = 1000;  // a killed run of the same process number may have left names
   const mode_t mode = place_.exists ? place_.old.st_mode & kPermissions
                                     : S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
-  for (int i = 0; i < kTries; ++i) {
-    std::string name =
-        "~nimbrel-" + std::to_string(getpid()) + "-" + std::to_string(++count) + ".tmp";
+  for (int i = 0; i < kMaxTries; ++i) {
+    std::string name = state_.temporary_prefix + std::to_string(getpid()) + "-" +
+                       std::to_string(++state_.temporaries) + ".tmp";
     file_ = Descriptor(openat(place_.folder.Number(), name.c_str(),
                               O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
     if (file_.IsOpen()) {
@@ -131,11 +124,6 @@ int Temporary::Open() {
     }
   }
   return EEXIST;
-}
-
-int Temporary::Write(const Fill& fill) {
-  const int error = FailureAt("write", place_.path);
-  return error != 0 ? error : fill(file_.Number());
 }
 
 /// Best effort: some file systems keep no permissions, and only root may give a file away.
@@ -157,19 +145,13 @@ int Temporary::Finish(Durability durability) {
   if (place_.exists) {
     KeepPermissions();
   }
-  if (durability == Durability::kFlushedRename) {
-    const int error = FailureAt("flush", place_.path);
-    if (error != 0 || fsync(file_.Number()) != 0) {
-      return error != 0 ? error : errno;
-    }
+  if (durability == Durability::kFlushedRename && fsync(file_.Number()) != 0) {
+    return errno;
   }
   return file_.Close();
 }
 
 int Temporary::TakePlace() {
-  if (const int error = FailureAt("rename", place_.path); error != 0) {
-    return error;
-  }
   if (renameat(place_.folder.Number(), name_.c_str(), place_.folder.Number(),
                place_.name.c_str()) != 0) {
     return errno;
@@ -179,8 +161,8 @@ int Temporary::TakePlace() {
   return 0;
 }
 
-/// Makes the rename itself outlive a loss of power. The new file stands by now and there is nothing
-/// to take back, so a file system that can't flush a folder is let be.
+/// Makes the rename itself survive a loss of power. The new file is in place by now, so that a file
+/// system that can't flush a folder is no failure.
 void FlushFolder(const Place& place) {
   const Descriptor folder(openat(place.folder.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.IsOpen()) {
@@ -188,11 +170,12 @@ void FlushFolder(const Place& place) {
   }
 }
 
-FileStatus Replace(const Place& place, Durability durability, const Fill& fill) {
-  Temporary temporary(place);
+FileStatus Replace(FileSystemState& state, const Place& place, Durability durability,
+                   const Fill& fill) {
+  Temporary temporary(state, place);
   int error = temporary.Open();
   if (error == 0) {
-    error = temporary.Write(fill);
+    error = fill(temporary.Number());
   }
   if (error == 0) {
     error = temporary.Finish(durability);
@@ -222,7 +205,7 @@ int WriteAll(int descriptor, const std::byte* bytes, std::size_t size) {
   return 0;
 }
 
-int CopyByHand(int from, int to, std::size_t size) {
+int ReadAndWrite(int from, int to, std::size_t size) {
   constexpr std::size_t kPiece = std::size_t{256} << 10U;
   const auto piece = std::make_unique<std::byte[]>(kPiece);
   while (size > 0) {
@@ -242,23 +225,23 @@ int CopyByHand(int from, int to, std::size_t size) {
   return 0;
 }
 
-/// Copies `size` bytes from where both files stand. What the kernel can't move between the two, for
-/// whatever reason, goes by hand, and a true failure shows there again.
+/// Copies `size` bytes from the present positions of both files. What the kernel can't move between
+/// the two, for whatever reason, is read and written, where a real failure shows again.
 int CopyBytes(int from, int to, std::size_t size) {
   while (size > 0) {
     const ssize_t count = copy_file_range(from, nullptr, to, nullptr, size, 0);
     if (count > 0) {
       size -= static_cast<std::size_t>(count);
     } else if (count == 0 || errno != EINTR) {
-      return CopyByHand(from, to, size);
+      return ReadAndWrite(from, to, size);
     }
   }
   return 0;
 }
 
-/// Asks for the room of a whole file before its first byte: a full device is known at once, and a
-/// rename then has no blocks left to find, which else takes as long as the copy. File systems that
-/// can't promise room are let be.
+/// Reserves the room of the whole file before its first byte: a full device shows at once, and the
+/// rename then has no blocks left to allocate, which would take as long as the copy. Not all file
+/// systems can reserve; the copy then finds out.
 int ReserveRoom(int to, std::size_t size) {
   if (size == 0 || fallocate(to, 0, 0, static_cast<off_t>(size)) == 0) {
     return 0;
@@ -266,7 +249,8 @@ int ReserveRoom(int to, std::size_t size) {
   return errno == ENOSPC || errno == EDQUOT || errno == EFBIG ? errno : 0;
 }
 
-/// Copies a file that has to hold still meanwhile: one that is being written would arrive torn.
+/// Copies a file. EBUSY if it changed meanwhile: the copy of a file that is being written would be
+/// torn.
 int CopyWhole(int from, const struct stat& before, int to) {
   const auto size = static_cast<std::size_t>(before.st_size);
   if (const int error = ReserveRoom(to, size); error != 0) {
@@ -279,64 +263,66 @@ int CopyWhole(int from, const struct stat& before, int to) {
   if (fstat(from, &after) != 0) {
     return errno;
   }
-  return after.st_size == before.st_size && StampOf(after).modified == StampOf(before).modified
-             ? 0
-             : EBUSY;
+  const bool unchanged =
+      after.st_size == before.st_size && StampOf(after).modified == StampOf(before).modified;
+  return unchanged ? 0 : EBUSY;
 }
 
-FileStatus OpenSource(std::string_view path, std::string_view root, Descriptor& source,
-                      struct stat& facts) {
+FileStatus OpenSource(FileSystemState& state, std::string_view path, std::string_view root,
+                      Descriptor& source, struct stat& facts) {
   std::string real;
-  int unread = 0;
-  source = OpenReal(FindHostPath(path, unread), kOpenToRead, real);
+  FileStatus status = FileStatus::kOk;
+  source = OpenReal(FindHostPath(state.listings, path, status), kOpenToRead, real);
   if (!source.IsOpen()) {
-    const bool absent = errno == ENOENT || errno == ENOTDIR;
-    return absent && unread == 0 ? FileStatus::kNoSource : StatusFromErrno(absent ? unread : errno);
+    return Absence(errno, status, FileStatus::kNoSource);
   }
   if (fstat(source.Number(), &facts) != 0 || !S_ISREG(facts.st_mode)) {
     return FileStatus::kNotAFile;
   }
-  return root.empty() || IsInRoot(real, root) ? FileStatus::kOk : FileStatus::kOutside;
+  return root.empty() || IsInRoot(state.listings, real, root, status) ? FileStatus::kOk
+                                                                      : FileStatus::kOutside;
 }
 
-FileStatus LocateTarget(std::string_view path, std::string_view root, Place& place) {
-  int unread = 0;
-  const std::string host = FindHostPath(path, unread);
+FileStatus LocateTarget(FileSystemState& state, std::string_view path, std::string_view root,
+                        Place& place) {
+  FileStatus unlisted = FileStatus::kOk;
+  const std::string host = FindHostPath(state.listings, path, unlisted);
   const FileStatus status =
-      host.empty() ? FileStatus::kNoFolder : Locate(host, root, Links::kFollow, place);
+      host.empty() ? FileStatus::kNoFolder : Locate(state, host, root, Links::kFollow, place);
   const bool absent =
       status == FileStatus::kNoFolder || (status == FileStatus::kOk && !place.exists);
-  // A second file that differs only in case must not come to stand beside one that was not seen.
-  return absent && unread != 0 ? StatusFromErrno(unread) : status;
+  // No second file that differs only in case beside one in a folder that can't be listed.
+  return absent && unlisted != FileStatus::kOk ? unlisted : status;
 }
 
 }  // namespace
 
-FileStatus ReplaceFile(std::string_view path, std::span<const std::byte> bytes,
-                       Durability durability) {
+FileStatus FileSystem::ReplaceFile(std::string_view path, std::span<const std::byte> bytes,
+                                   Durability durability) {
   Place place;
-  if (const FileStatus status = LocateTarget(path, {}, place); status != FileStatus::kOk) {
+  if (const FileStatus status = LocateTarget(*state_, path, {}, place); status != FileStatus::kOk) {
     return status;
   }
-  return Replace(place, durability, [bytes](int descriptor) {
+  return Replace(*state_, place, durability, [bytes](int descriptor) {
     return WriteAll(descriptor, bytes.data(), bytes.size());
   });
 }
 
-FileStatus CopyOver(std::string_view source, std::string_view target, Durability durability,
-                    std::string_view source_root, std::string_view target_root) {
+FileStatus FileSystem::CopyOver(std::string_view source, std::string_view target,
+                                Durability durability, std::string_view source_root,
+                                std::string_view target_root) {
   Descriptor from;
   struct stat facts {};
-  if (const FileStatus status = OpenSource(source, source_root, from, facts);
+  if (const FileStatus status = OpenSource(*state_, source, source_root, from, facts);
       status != FileStatus::kOk) {
     return status;
   }
   Place place;
-  if (const FileStatus status = LocateTarget(target, target_root, place);
+  if (const FileStatus status = LocateTarget(*state_, target, target_root, place);
       status != FileStatus::kOk) {
     return status;
   }
-  return Replace(place, durability, [&from, &facts](int descriptor) {
+  return Replace(*state_, place, durability, [&from, &facts](int descriptor) {
     return CopyWhole(from.Number(), facts, descriptor);
   });
 }

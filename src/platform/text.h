@@ -20,8 +20,9 @@ std::string Trim(std::string_view text);
 /// The text with the letters A to Z in lower case; every other byte as it was.
 std::string LowerCase(std::string_view text);
 
-/// Whether two names are the same to a file system that folds case: simple case folding of
-/// Latin, Greek, Cyrillic and Armenian letters, malformed UTF-8 compared byte by byte.
+/// True if two names are the same to a file system that ignores case: Unicode's simple case
+/// folding, without the rules of the Turkic languages. Malformed UTF-8 is compared byte by byte.
+/// Accents are neither composed nor taken apart: a folder holds both spellings as two names.
 bool SameName(std::string_view a, std::string_view b);
 
 /// The key under which SameName compares: equal keys exactly for the same names.

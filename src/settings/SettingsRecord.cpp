@@ -2,58 +2,58 @@
 
 #include <algorithm>
 #include <bit>
+#include <vector>
+
+#include "platform/little_endian.h"
 
 namespace nimbrel {
 namespace {
 
-/// The fourteen 16-bit fields behind the date, in the order of the stored form.
-constexpr std::array<std::int16_t SettingsRecord::*, 14> kStoredFields{
-    &SettingsRecord::Source,      &SettingsRecord::Solid,    &SettingsRecord::Wispy,
-    &SettingsRecord::Stratus,     &SettingsRecord::Cirrus,   &SettingsRecord::Base,
-    &SettingsRecord::Environment, &SettingsRecord::Waves,    &SettingsRecord::Sunrise,
-    &SettingsRecord::Day,         &SettingsRecord::Sunset,   &SettingsRecord::Night,
-    &SettingsRecord::Sun,         &SettingsRecord::Contrails};
-constexpr std::size_t kDateBytes = 8;
-constexpr std::size_t kFieldBytes = 2;
-static_assert(kDateBytes + kStoredFields.size() * kFieldBytes == kRecordBytes);
+/// The groups in the order of the stored form.
+constexpr std::array<Group, kGroups.values.size()> kStoredOrder{
+    Group::kSolid, Group::kWispy,       Group::kStratus, Group::kCirrus,
+    Group::kBase,  Group::kEnvironment, Group::kWaves,   Group::kSunrise,
+    Group::kDay,   Group::kSunset,      Group::kNight};
 
-void PutLittleEndian(std::byte* out, std::uint64_t value, std::size_t bytes) {
-  for (std::size_t i = 0; i < bytes; ++i) {
-    out[i] = static_cast<std::byte>(value >> (8 * i));
-  }
-}
-
-std::uint64_t GetLittleEndian(const std::byte* in, std::size_t bytes) {
-  std::uint64_t value = 0;
-  for (std::size_t i = 0; i < bytes; ++i) {
-    value |= std::to_integer<std::uint64_t>(in[i]) << (8 * i);
-  }
-  return value;
-}
+// Offsets in the stored form, in bytes.
+constexpr std::size_t kSourceAt = 8;
+constexpr std::size_t kOptionsAt = 10;
+constexpr std::size_t kSunAt = kOptionsAt + 2 * kStoredOrder.size();
+constexpr std::size_t kContrailsAt = kSunAt + 2;
+static_assert(kContrailsAt + 2 == kRecordBytes);
 
 }  // namespace
 
 std::array<std::byte, kRecordBytes> EncodeRecord(const SettingsRecord& record) {
-  std::array<std::byte, kRecordBytes> bytes{};
-  PutLittleEndian(bytes.data(), std::bit_cast<std::uint64_t>(record.Date), kDateBytes);
-  std::byte* out = bytes.data() + kDateBytes;
-  for (const auto field : kStoredFields) {
-    PutLittleEndian(out, static_cast<std::uint16_t>(record.*field), kFieldBytes);
-    out += kFieldBytes;
+  const auto flag = [](bool on) { return static_cast<std::int16_t>(on ? 1 : 0); };
+  std::vector<std::byte> bytes;
+  bytes.reserve(kRecordBytes);
+  platform::AppendLittle(bytes, std::bit_cast<std::uint64_t>(record.Date));
+  platform::AppendLittle(bytes, record.Source);
+  for (const Group group : kStoredOrder) {
+    platform::AppendLittle(bytes, record.choice.option[group]);
   }
-  return bytes;
+  platform::AppendLittle(bytes, flag(record.choice.sun));
+  platform::AppendLittle(bytes, flag(record.choice.contrails));
+  std::array<std::byte, kRecordBytes> stored{};
+  std::copy(bytes.begin(), bytes.end(), stored.begin());
+  return stored;
 }
 
 SettingsRecord DecodeRecord(std::span<const std::byte> bytes) {
   std::array<std::byte, kRecordBytes> whole{};
   std::copy_n(bytes.begin(), std::min(bytes.size(), whole.size()), whole.begin());
+  const auto field = [&whole](std::size_t at) {
+    return platform::ReadLittle<std::int16_t>(whole, at);
+  };
   SettingsRecord record;
-  record.Date = std::bit_cast<double>(GetLittleEndian(whole.data(), kDateBytes));
-  const std::byte* in = whole.data() + kDateBytes;
-  for (const auto field : kStoredFields) {
-    record.*field = static_cast<std::int16_t>(GetLittleEndian(in, kFieldBytes));
-    in += kFieldBytes;
+  record.Date = std::bit_cast<double>(platform::ReadLittle<std::uint64_t>(whole, 0));
+  record.Source = field(kSourceAt);
+  for (std::size_t i = 0; i < kStoredOrder.size(); ++i) {
+    record.choice.option[kStoredOrder[i]] = field(kOptionsAt + 2 * i);
   }
+  record.choice.sun = field(kSunAt) == 1;
+  record.choice.contrails = field(kContrailsAt) == 1;
   return record;
 }
 

@@ -1,36 +1,48 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
-#include "setup/Manifest.h"
-#include "setup/Places.h"
+#include "settings/Catalogue.h"
+#include "settings/Folders.h"
 
 namespace nimbrel {
 
-/// What goes into the program's folder. Paths from that folder on.
-struct PutPlan {
-  bool pack_in_place = false;      ///< then only artwork that is missing is added
+class Disk;
+class Store;
+struct Places;
+struct SetupSources;
+
+/// The folders of the pack whose options count: the one in place, else the one to be copied.
+Folders FoldersOfPack(Disk& disk, const Places& places, const SetupSources& sources);
+/// Its catalogue. Throws ActionFailed if there is no pack or it can't be read.
+Catalogue ReadPack(Disk& disk, const Folders& folders);
+
+/// What goes into the program's folder. Paths of the pack begin at that folder.
+struct DeliveryPlan {
+  bool pack_in_place = false;      ///< then only missing artwork is added
   std::vector<std::string> files;  ///< of the pack, the information file last
   std::vector<std::string> suns;   ///< that Backups\TEX lacks: from the simulator's root on
   std::uintmax_t bytes = 0;        ///< of all that, and of the program
 };
-/// `kept`: paths from the simulator's root on of what the store of originals holds or will hold.
-PutPlan PlanPutting(const Places& places, const std::vector<std::string>& kept);
+/// `kept`: paths from the simulator's root on of what the store holds or will hold.
+DeliveryPlan PlanDelivery(Disk& disk, const Places& places, const SetupSources& sources,
+                          const std::vector<std::string>& kept);
+void AnnounceDelivery(std::ostream& out, const Places& places, const SetupSources& sources,
+                      const DeliveryPlan& plan);
+/// Copies the backups, the pack and at last the program. Only the program replaces a file. Throws
+/// ActionFailed.
+void Deliver(const Store& store, const SetupSources& sources, const DeliveryPlan& plan);
 
-/// Puts the backups, the pack and at last the program in place. Nothing that stands there is
-/// replaced but the program. Throws SetupFailure.
-void PutInPlace(const Places& places, const PutPlan& plan);
-
-/// What stands in the program's folder.
-struct TakePlan {
-  std::vector<std::string> ours;  ///< from the pack and unchanged, or made by setup and program
-  std::vector<std::string> own;   ///< all else: favourites, history, settings, other packs
+/// What is in the program's folder.
+struct RemovalPlan {
+  std::vector<std::string> ours;   ///< of the pack and unchanged, or made by setup and program
+  std::vector<std::string> users;  ///< all else: favourites, history, settings, other packs
 };
-TakePlan PlanTaking(const Places& places);
-
+RemovalPlan PlanRemoval(const Store& store, const SetupSources& sources);
 /// Deletes the program's files, the program first, and the folders that are empty then.
-void TakeOut(const Places& places, const TakePlan& plan, bool own_too);
+void RemoveProgram(Disk& disk, const Places& places, const RemovalPlan& plan, bool users_too);
 
 }  // namespace nimbrel

@@ -1,29 +1,35 @@
-#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
 
-#include "platform/system.h"
-#include "setup/Setup.h"
+#include "platform/FileTree.h"
+#include "setup/Command.h"
 
 namespace {
 
-namespace fs = std::filesystem;
+using platform::FileStatus;
+
+std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
 
 /// Program and pack as an installation has them, PREFIX/bin beside PREFIX/lib and PREFIX/share, or
 /// as a build folder has them, beside the command.
 nimbrel::SetupSources FindSources() {
-  const fs::path here = platform::ApplicationFolder();
-  const fs::path prefix = here.parent_path();
-  if (fs::exists(prefix / "lib/nimbrel/nimbrel")) {
-    return {(prefix / "lib/nimbrel/nimbrel").string(), (prefix / "share/nimbrel/pack").string()};
+  std::string command;
+  if (platform::RealPath("/proc/self/exe", command) != FileStatus::kOk) {
+    return {};
   }
-  return {(here / "nimbrel").string(), (here / "pack").string()};
+  const std::string here = FolderOf(command);
+  const std::string prefix = FolderOf(here);
+  std::string installed;
+  if (platform::RealPath(prefix + "/lib/nimbrel/nimbrel", installed) == FileStatus::kOk) {
+    return {prefix + "/lib/nimbrel/nimbrel", prefix + "/share/nimbrel/pack"};
+  }
+  return {here + "/nimbrel", here + "/pack"};
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
-  return nimbrel::RunSetup(arguments, FindSources(), {std::cin, std::cout, std::cerr});
+  return nimbrel::RunCommand(arguments, FindSources(), {std::cin, std::cout, std::cerr});
 }

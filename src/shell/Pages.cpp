@@ -1,55 +1,143 @@
 #include "shell/Pages.h"
 
+#include <algorithm>
 #include <array>
-#include <cstddef>
 
-#include "history/frm_Favorite.h"
 #include "platform/text.h"
-#include "randomizer/frm_RandomizerConstraints.h"
-#include "randomizer/frm_RandomizerOverview.h"
-#include "settings/Catalogue.h"
-#include "shell/RingPage.h"
-#include "shell/frm_About.h"
-#include "shell/frm_Main.h"
-#include "shell/frm_Msg.h"
-#include "shell/frm_Preview.h"
-#include "shell/frm_Sky.h"
+#include "shell/State.h"
+#include "shell/dialogs/frm_AddFavorite.h"
+#include "shell/dialogs/frm_Msg.h"
+#include "shell/dialogs/frm_Splash.h"
+#include "shell/mod_Randomizer.h"
+#include "shell/pages/ConstraintPage.h"
+#include "shell/pages/frm_About.h"
+#include "shell/pages/frm_Favorite.h"
+#include "shell/pages/frm_Main.h"
+#include "shell/pages/frm_Preview.h"
+#include "shell/pages/frm_RandomizerOverview.h"
+#include "shell/rings/RingActions.h"
+#include "shell/rings/RingPage.h"
 
 namespace nimbrel {
-
 namespace {
 
-template <std::int16_t kFamily>
-toolkit::Form& RandomizerForm() {
-  return RandomizerPage(kFamily).form;
-}
-template <std::int16_t kFamily>
-std::span<toolkit::Control* const> RandomizerLists() {
-  return RandomizerPage(kFamily).list_controls;
+using ListControls = std::vector<toolkit::Control*>;
+
+template <class Made>
+toolkit::Form* Existing(const std::shared_ptr<Made>& slot) {
+  return slot == nullptr ? nullptr : &slot->form;
 }
 
-constexpr std::array kPages{
-    Page{"frm_3d", FormId::kCloudPage, []() -> toolkit::Form& { return CloudPage().form; }},
-    Page{"frm_sky", FormId::kSkyPage, []() -> toolkit::Form& { return SkyPage().form; }},
-    Page{"frm_water", FormId::kWaterPage, []() -> toolkit::Form& { return WaterPage().form; }},
-    Page{"frm_randomizeroverview", FormId::kRandomizerOverview,
-         []() -> toolkit::Form& { return RandomizerOverview().form; }},
-    Page{"frm_randomizercloud", FormId::kRandomizerCloud, RandomizerForm<kCloud>,
-         RandomizerLists<kCloud>},
-    Page{"frm_randomizersky", FormId::kRandomizerSky, RandomizerForm<kSky>, RandomizerLists<kSky>},
-    Page{"frm_randomizerwater", FormId::kRandomizerWater, RandomizerForm<kWater>,
-         RandomizerLists<kWater>},
-    Page{"frm_favorite", FormId::kFavorite, []() -> toolkit::Form& { return FavoritePage().form; },
-         FavoriteLists},
-    Page{"frm_about", FormId::kAbout, []() -> toolkit::Form& { return AboutPage().form; }},
+toolkit::Form& RingForm(Family family) { return Loaded(ui.forms.rings[family], family).form; }
+ConstraintPage& Constraint(Family family) { return Loaded(ui.forms.constraints[family], family); }
+
+void DrawConstraint(Family family, RandomizerTab tab) {
+  DrawRandomizerPage(Constraint(family).form, tab);
+}
+
+ListControls ListsOf(Family family) {
+  ListControls lists;
+  for (const auto& list : Constraint(family).lists) {
+    lists.push_back(&list->list);
+  }
+  return lists;
+}
+
+constexpr std::string_view kRandomizerIcon = "icon_Randomizer.bmp";
+
+constexpr std::array kForms{
+    FormRow{.name = "frm_Main",
+            .existing = [] { return Existing(ui.forms.main); },
+            .title = "Nimbrel Main",
+            .icon = "icon_Home.bmp"},
+    FormRow{.name = "frm_Msg", .existing = [] { return Existing(ui.forms.message); }},
+    FormRow{.name = "frm_AddFavorite", .existing = [] { return Existing(ui.forms.add_favorite); }},
+    FormRow{.name = "frm_3d",
+            .existing = [] { return Existing(ui.forms.rings[Family::kCloud]); },
+            .load = []() -> toolkit::Form& { return RingForm(Family::kCloud); },
+            .opened_by = "3d",
+            .title = "Cloud Texture Options",
+            .icon = "icon_3d.bmp",
+            .draw = [] { DrawAtRest(Family::kCloud); }},
+    FormRow{.name = "frm_sky",
+            .existing = [] { return Existing(ui.forms.rings[Family::kSky]); },
+            .load = []() -> toolkit::Form& { return RingForm(Family::kSky); },
+            .opened_by = "sky",
+            .title = "Sky Backdrop Texture Options",
+            .icon = "icon_Sky.bmp",
+            .draw = [] { DrawAtRest(Family::kSky); }},
+    FormRow{.name = "frm_Water",
+            .existing = [] { return Existing(ui.forms.rings[Family::kWater]); },
+            .load = []() -> toolkit::Form& { return RingForm(Family::kWater); },
+            .opened_by = "water",
+            .title = "Water Texture Options",
+            .icon = "icon_Water.bmp",
+            .draw = [] { DrawAtRest(Family::kWater); }},
+    FormRow{.name = "frm_RandomizerOverview",
+            .existing = [] { return Existing(ui.forms.overview); },
+            .load = []() -> toolkit::Form& { return Loaded(ui.forms.overview).form; },
+            .opened_by = "randomizer",
+            .title = "Randomizer Settings Overview",
+            .icon = kRandomizerIcon,
+            .draw =
+                [] {
+                  DrawRandomizerPage(Loaded(ui.forms.overview).form, RandomizerTab::kOverviewTab);
+                }},
+    FormRow{.name = "frm_RandomizerCloud",
+            .existing = [] { return Existing(ui.forms.constraints[Family::kCloud]); },
+            .load = []() -> toolkit::Form& { return Constraint(Family::kCloud).form; },
+            .opened_by = "randomizer_cloud",
+            .title = "Cloud Randomizer Constraints",
+            .icon = kRandomizerIcon,
+            .draw = [] { DrawConstraint(Family::kCloud, RandomizerTab::kCloudsTab); },
+            .lists = [] { return ListsOf(Family::kCloud); }},
+    FormRow{.name = "frm_RandomizerSky",
+            .existing = [] { return Existing(ui.forms.constraints[Family::kSky]); },
+            .load = []() -> toolkit::Form& { return Constraint(Family::kSky).form; },
+            .opened_by = "randomizer_sky",
+            .title = "Sky Randomizer Constraints",
+            .icon = kRandomizerIcon,
+            .draw = [] { DrawConstraint(Family::kSky, RandomizerTab::kSkyTab); },
+            .lists = [] { return ListsOf(Family::kSky); }},
+    FormRow{.name = "frm_RandomizerWater",
+            .existing = [] { return Existing(ui.forms.constraints[Family::kWater]); },
+            .load = []() -> toolkit::Form& { return Constraint(Family::kWater).form; },
+            .opened_by = "randomizer_water",
+            .title = "Water Randomizer Constraints",
+            .icon = kRandomizerIcon,
+            .draw = [] { DrawConstraint(Family::kWater, RandomizerTab::kWaterTab); },
+            .lists = [] { return ListsOf(Family::kWater); }},
+    FormRow{.name = "frm_Favorite",
+            .existing = [] { return Existing(ui.forms.favorites); },
+            .load = []() -> toolkit::Form& { return Loaded(ui.forms.favorites).form; },
+            .opened_by = "favorite",
+            .title = "Favorites List",
+            .icon = "icon_Favorites.bmp",
+            .lists = [] { return ListControls{&Loaded(ui.forms.favorites).lst_Favorites}; }},
+    FormRow{.name = "frm_About",
+            .existing = [] { return Existing(ui.forms.about); },
+            .load = []() -> toolkit::Form& { return Loaded(ui.forms.about).form; },
+            .opened_by = "about",
+            .title = "About Nimbrel",
+            .icon = "icon_About.bmp"},
 };
 
-/// What SetParent gave back when a page was last shown.
-std::array<toolkit::HWND, static_cast<std::size_t>(FormId::kCount)> SavedParent{};
+const FormRow* RowOpenedBy(std::string_view type) {
+  const auto* const row = std::find_if(kForms.begin(), kForms.end(), [type](const FormRow& form) {
+    return form.load != nullptr && form.opened_by == type;
+  });
+  return row == kForms.end() ? nullptr : row;
+}
 
-toolkit::HWND& ParentOf(const Page& page) { return SavedParent[static_cast<std::size_t>(page.id)]; }
+/// The page that is shown on the form, null for a form that is no page.
+const FormRow* RowOf(const toolkit::Form& form) {
+  const auto* const row = std::find_if(kForms.begin(), kForms.end(), [&form](const FormRow& page) {
+    return page.load != nullptr && page.existing() == &form;
+  });
+  return row == kForms.end() ? nullptr : row;
+}
 
-void SwitchLists(const Page& page, bool on) {
+void SwitchLists(const FormRow& page, bool on) {
   if (page.lists != nullptr) {
     for (toolkit::Control* list : page.lists()) {
       list->SetVisible(on);
@@ -57,37 +145,37 @@ void SwitchLists(const Page& page, bool on) {
   }
 }
 
+void TakeOut(std::string_view folded_name) {
+  for (const FormRow& page : kForms) {
+    toolkit::Form* const form = page.load == nullptr ? nullptr : page.existing();
+    if (form != nullptr && platform::LowerCase(page.name) == folded_name) {
+      SwitchLists(page, false);
+      toolkit::SetParent(form->hWnd(), nullptr);
+      form->Hide();
+    }
+  }
+}
+
 void HideVisiblePage() {
-  for (const Page& page : Pages) {
-    if (IsFormLoaded(page.id) && page.form().Visible()) {
+  for (const FormRow& page : kForms) {
+    const toolkit::Form* const form = page.load == nullptr ? nullptr : page.existing();
+    if (form != nullptr && form->Visible()) {
       HidePage(page.name);
     }
   }
 }
 
-const Page* PageOf(const toolkit::Form& form) {
-  for (const Page& page : Pages) {
-    if (IsFormLoaded(page.id) && &page.form() == &form) {
-      return &page;
-    }
-  }
-  return nullptr;
-}
-
-void TakeOut(std::string_view name) {
-  for (const Page& page : Pages) {
-    if (page.name == name && IsFormLoaded(page.id)) {
-      SwitchLists(page, false);
-      toolkit::SetParent(page.form().hWnd(), ParentOf(page));
-      page.form().Hide();
-    }
+void Paint(const FormRow& page) {
+  SetPageTitle(page.title, page.icon);
+  if (page.draw != nullptr) {
+    page.draw();
+    page.load().Refresh();
   }
 }
 
 }  // namespace
 
-std::span<const Page> Pages = kPages;
-std::string CurrentPage;
+std::span<const FormRow> FormRows() { return kForms; }
 
 void ShowPage(toolkit::Form& form) {
   ClosePreview();
@@ -96,9 +184,8 @@ void ShowPage(toolkit::Form& form) {
   form.SetTop(kPanelTop * toolkit::Screen::TwipsPerPixelY());
   form.Show();
   form.ZOrder();
-  const toolkit::HWND parent = toolkit::SetParent(form.hWnd(), MainForm().form.hWnd());
-  if (const Page* page = PageOf(form)) {
-    ParentOf(*page) = parent;
+  toolkit::SetParent(form.hWnd(), Loaded(ui.forms.main).form.hWnd());
+  if (const FormRow* page = RowOf(form)) {
     SwitchLists(*page, true);
   }
   form.SetFocus();
@@ -111,10 +198,28 @@ void HidePage(std::string_view name) {
   } else {
     TakeOut(folded);
   }
-  if (IsFormLoaded(FormId::kMain)) {
-    MainForm().form.ZOrder();
-    MainForm().form.SetFocus();
+  if (ui.forms.main != nullptr) {
+    ui.forms.main->form.ZOrder();
+    ui.forms.main->form.SetFocus();
   }
 }
+
+void OpenPage(std::string_view opened_by) {
+  if (const FormRow* page = RowOpenedBy(opened_by)) {
+    ShowPage(page->load());
+    Paint(*page);
+    ui.CurrentPage = page->name;
+  }
+}
+
+void ShowRandomizerPage(RandomizerTab tab) { Paint(*RowOpenedBy(TabType(tab))); }
+
+void ShowMainPage() {
+  HidePage(ui.CurrentPage);
+  ui.CurrentPage = kForms.front().name;
+  PaintMainTitle();
+}
+
+void PaintMainTitle() { Paint(kForms.front()); }
 
 }  // namespace nimbrel

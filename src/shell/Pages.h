@@ -1,40 +1,45 @@
 #pragma once
 
-#include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
+#include <vector>
 
-#include "shell/FormLoaded.h"
+#include "shell/pages/RandomizerTabs.h"
 #include "toolkit/forms.h"
-#include "widgets/SkinnedButtons.h"
 
 namespace nimbrel {
 
-/// One page that can lie over the panel of the main window.
-struct Page {
-  std::string_view name;  ///< its form's, in lower case
-  FormId id;
-  toolkit::Form& (*form)();  ///< loads it
-  /// Its native list controls, in the order they are switched on and off. Null: it has none.
-  std::span<toolkit::Control* const> (*lists)() = nullptr;
+/// One form of the program. The list of all of them is the one that navigation, dispatch and
+/// shutdown go by.
+struct FormRow {
+  std::string_view name;         ///< what CurrentPage says while the page is shown, in any case
+  toolkit::Form* (*existing)();  ///< null if it was never made
+  // Of the pages alone: the forms that can lie over the panel of the main window.
+  toolkit::Form& (*load)() = nullptr;
+  std::string_view opened_by{};  ///< type of the navigation button or tab that opens it
+  std::string_view title{};
+  std::string_view icon{};
+  void (*draw)() = nullptr;  ///< null: the page holds nothing that is painted
+  /// Its native list controls, which are hidden while it is; null: it has none.
+  std::vector<toolkit::Control*> (*lists)() = nullptr;
 };
-/// Every page, in the order in which ShowPage looks for the one that is up.
-extern std::span<const Page> Pages;
 
-/// The page now shown, by its form's name. Empty at start, "frm_Main" once the user has come back
-/// to the main page. Written by the dispatch, by the randomizer's tabs and by
-/// LoadSelectedFavorite.
-extern std::string CurrentPage;
+/// Every form with skinned buttons, in the order of their release, and every page, in the order in
+/// which ShowPage looks for the one that is shown.
+std::span<const FormRow> FormRows();
 
-/// Puts a page over the panel of the main window, in place of the one that is there. Does not set
-/// CurrentPage: the caller does, afterwards.
+/// Puts a page over the panel of the main window, in place of the one that is there.
 void ShowPage(toolkit::Form& form);
 /// Takes a page out of the main window by its name, in any case; "frm_msg" hides the dialog.
 void HidePage(std::string_view name);
 
-/// The action of every skinned button's click; becomes DispatchClick at start.
-void RunClick(ButtonClass button_class, const std::string& form_name,
-              const std::string& button_type);
+/// Opens the page of a navigation button or a tab by its type, paints it with its title and makes
+/// it the CurrentPage. Does nothing for a type that opens no page.
+void OpenPage(std::string_view opened_by);
+/// Paints a page of the randomizer and its title anew.
+void ShowRandomizerPage(RandomizerTab tab);
+/// Hides the page over the panel, and makes the main page the CurrentPage with its title.
+void ShowMainPage();
+void PaintMainTitle();
 
 }  // namespace nimbrel

@@ -2,11 +2,13 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QScreen>
+#include <QVariant>
 
 #include "toolkit/fonts.h"
 #include "toolkit/forms.h"
 #include "toolkit/forms_shown.h"
 #include "toolkit/native_window.h"
+#include "toolkit/tip.h"
 
 namespace toolkit {
 
@@ -15,10 +17,20 @@ namespace {
 constexpr int kCheckMark = 14;  // pixels, the size of the check boxes without a caption
 constexpr const char* kName = "nimbrel";
 
-bool quit_asked = false;
 MousePointerCode screen_pointer = kPointerDefault;
 
-/// Check marks of one size at every density, and drop-down lists below their box.
+/// The delay of the tip that shows when the pointer rests on `widget`.
+int TipDelay(const QWidget* widget, int usual) {
+  for (; widget != nullptr; widget = widget->parentWidget()) {
+    if (const QVariant delay = widget->property(kTipDelay); delay.isValid()) {
+      return delay.toInt();
+    }
+  }
+  return usual;
+}
+
+/// Check marks of one size at every density, drop-down lists below their box, and each tip after
+/// its own delay.
 class Style : public QProxyStyle {
  public:
   Style() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -31,7 +43,15 @@ class Style : public QProxyStyle {
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override {
-    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    switch (hint) {
+      case SH_ComboBox_Popup:
+      case SH_ToolTip_FallAsleepDelay:
+        return 0;
+      case SH_ToolTip_WakeUpDelay:
+        return TipDelay(widget, QProxyStyle::styleHint(hint, option, widget, result));
+      default:
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
   }
 };
 
@@ -54,7 +74,7 @@ void DressUp() {
   QApplication::setFont(MakeFont({.family = "Verdana"}));
 }
 
-/// Windows that the program still holds at the end lose their widgets while the toolkit stands.
+/// Forms that still exist at the end lose their widgets before the toolkit goes.
 void DropWidgets() {
   for (const NativeWindow* window : AllWindows()) {
     delete window->widget.data();
@@ -71,7 +91,6 @@ Application::Application(int& argc, char** argv) {
   QCoreApplication::setApplicationName(QString::fromLatin1(kName));
   QGuiApplication::setDesktopFileName(QString::fromLatin1(kName));
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  quit_asked = false;
   DressUp();
 }
 
@@ -80,13 +99,7 @@ Application::~Application() {
   delete qApp;
 }
 
-// A Quit that came before is kept: the toolkit would forget it.
-int Application::Run() { return quit_asked ? 0 : QApplication::exec(); }
-
-void Application::Quit() {
-  quit_asked = true;
-  QCoreApplication::quit();
-}
+int Application::Run() { return QApplication::exec(); }
 
 void DoEvents() {
   FlushPendingShows();

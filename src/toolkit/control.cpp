@@ -19,17 +19,9 @@ void ApplyPointer(NativeWindow& window) {
   }
 }
 
-void ApplyFont(NativeWindow& window) {
-  const Font& font = window.font;
-  window.widget->setFont(MakeFont({.family = font.name,
-                                   .pixel_size = static_cast<double>(PixelSize(font.size)),
-                                   .bold = font.bold || font.weight >= 600,
-                                   .italic = font.italic,
-                                   .underline = font.underline,
-                                   .strikeout = font.strikethrough}));
-}
+void ApplyFont(NativeWindow& window) { window.widget->setFont(MakeFont(window.font)); }
 
-/// Takes a new place over; the Resize handler runs once, however much has changed.
+/// Moves and sizes the window; the Resize handler runs at most once.
 void Replace(NativeWindow& window, const Place& place) {
   const Place before = std::exchange(window.place, place);
   if (before.left != place.left || before.top != place.top) {
@@ -97,12 +89,7 @@ void Control::SetVisible(bool visible) {
   window_->widget->setVisible(visible);
 }
 
-bool Control::Enabled() const { return window_->enabled; }
-
-void Control::SetEnabled(bool enabled) {
-  window_->enabled = enabled;
-  window_->widget->setEnabled(enabled);
-}
+void Control::SetEnabled(bool enabled) { window_->widget->setEnabled(enabled); }
 
 void Control::ZOrder() { window_->widget->raise(); }
 

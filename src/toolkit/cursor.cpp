@@ -1,9 +1,6 @@
 #include "toolkit/cursor.h"
 
 #include <QBitmap>
-#include <QBuffer>
-#include <QByteArray>
-#include <QImageReader>
 #include <QPainter>
 #include <QPixmap>
 #include <array>
@@ -11,18 +8,21 @@
 #include <optional>
 #include <span>
 
-#include "platform/files.h"
+#include "platform/FileSystem.h"
+#include "platform/little_endian.h"
+#include "toolkit/host_files.h"
+#include "toolkit/pictures.h"
 
 namespace toolkit {
 
 namespace {
 
-constexpr std::size_t kLargestFile = 1U << 20U;
+constexpr std::size_t kMaxFile = 1U << 20U;
 constexpr std::size_t kHeaderSize = 6;
 constexpr std::size_t kEntrySize = 16;
 constexpr unsigned kCursorType = 2;
-constexpr int kUsualSide = 32;     // pixels, of a pointer
-constexpr int kLargestSide = 256;  // pixels, all that the directory can tell
+constexpr int kUsualSide = 32;  // pixels, of a pointer
+constexpr int kMaxSide = 256;   // pixels, the most that the directory can name
 
 /// One picture of the file: where its hot spot is, in pixels.
 struct Entry {
@@ -32,17 +32,17 @@ struct Entry {
 };
 
 unsigned Byte(std::span<const std::byte> bytes, std::size_t at) {
-  return std::to_integer<unsigned>(bytes[at]);
+  return platform::ReadLittle<std::uint8_t>(bytes, at);
 }
 
 unsigned Word(std::span<const std::byte> bytes, std::size_t at) {
-  return Byte(bytes, at) | (Byte(bytes, at + 1) << 8U);
+  return platform::ReadLittle<std::uint16_t>(bytes, at);
 }
 
 Entry ReadEntry(std::span<const std::byte> bytes, int index) {
   const std::size_t at = kHeaderSize + static_cast<std::size_t>(index) * kEntrySize;
   const int width = static_cast<int>(Byte(bytes, at));
-  return {index, width == 0 ? kLargestSide : width,
+  return {index, width == 0 ? kMaxSide : width,
           QPoint(static_cast<int>(Word(bytes, at + 4)), static_cast<int>(Word(bytes, at + 6)))};
 }
 
@@ -60,20 +60,6 @@ std::optional<Entry> ChooseEntry(std::span<const std::byte> bytes) {
     }
   }
   return best;
-}
-
-QImage DecodeEntry(std::span<const std::byte> bytes, int index) {
-  QByteArray copy(reinterpret_cast<const char*>(bytes.data()),
-                  static_cast<qsizetype>(bytes.size()));
-  QBuffer buffer(&copy);
-  buffer.open(QIODevice::ReadOnly);
-  QImageReader reader(&buffer, "cur");
-  if (index > 0 && !reader.jumpToImage(index)) {
-    return {};
-  }
-  QImage picture = reader.read();
-  const bool fits = picture.width() <= kLargestSide && picture.height() <= kLargestSide;
-  return fits ? picture : QImage();
 }
 
 /// A pointing hand, 32 columns of which the left 20 are used: '#' outline, '.' inside.
@@ -127,7 +113,7 @@ CursorHandle MakeCursor(const QImage& picture, QPoint hot_spot) {
 }  // namespace
 
 CursorHandle LoadCursorFile(std::string_view path) {
-  const auto bytes = platform::ReadFile(path, kLargestFile);
+  const auto bytes = Files().ReadFile(path, kMaxFile);
   if (!bytes) {
     return {};
   }
@@ -135,9 +121,10 @@ CursorHandle LoadCursorFile(std::string_view path) {
   if (!entry) {
     return {};
   }
-  const QImage picture = DecodeEntry(*bytes, entry->index);
-  return picture.rect().contains(entry->hot_spot) ? MakeCursor(picture, entry->hot_spot)
-                                                  : CursorHandle();
+  const QImage picture = DecodePicture(*bytes, "cur", entry->index);
+  const bool fits = picture.width() <= kMaxSide && picture.height() <= kMaxSide;
+  return fits && picture.rect().contains(entry->hot_spot) ? MakeCursor(picture, entry->hot_spot)
+                                                          : CursorHandle();
 }
 
 CursorHandle HandCursor() {

@@ -1,16 +1,16 @@
+#include "toolkit/desktop.h"
+
 #include <QApplication>
 #include <QDesktopServices>
 #include <QMessageBox>
 #include <QUrl>
 #include <cstdio>
 
-#include "platform/files.h"
-#include "toolkit/desktop.h"
+#include "platform/FileSystem.h"
+#include "toolkit/host_files.h"
 
 namespace toolkit {
 namespace {
-
-void (*open_listener)(std::string_view) = nullptr;
 
 QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -19,17 +19,11 @@ QString Text(std::string_view text) {
 }  // namespace
 
 bool ShellExecuteA(std::string_view file) {
-  if (open_listener != nullptr) {
-    open_listener(file);
-    return platform::FileExists(file);
-  }
-  if (!platform::FileExists(file) || qGuiApp == nullptr) {
+  if (!Files().FileExists(file) || qGuiApp == nullptr) {
     return false;
   }
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(Text(platform::HostPath(file))));
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(Text(Files().HostPath(file))));
 }
-
-void SetOpenListener(void (*listener)(std::string_view file)) { open_listener = listener; }
 
 void SystemErrorBox(std::string_view text, std::string_view caption) {
   if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {

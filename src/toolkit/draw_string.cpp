@@ -90,28 +90,21 @@ Status GdipCreateFontFamilyFromName(std::string_view name, GpFontFamily& family)
   return Status::Ok;
 }
 
-Status GdipDeleteFontFamily(GpFontFamily& family) { return Release(family); }
-
-Status GdipCreateFont(const GpFontFamily& family, float size, int style, Unit, GpFont& font) {
+Status GdipCreateFont(const GpFontFamily& family, float size, int, Unit, GpFont& font) {
   font.reset();
   if (family == nullptr || !(size >= 1.0F && size <= 1000.0F)) {
     return Status::InvalidParameter;
   }
   font = std::make_shared<PaintFont>();
   font->em = size;
-  font->font =
-      MakeFont({.family = family->name, .pixel_size = size, .bold = (style & FontStyleBold) != 0});
+  font->font = MakeFont({.family = family->name, .pixel_size = size});
   return Status::Ok;
 }
-
-Status GdipDeleteFont(GpFont& font) { return Release(font); }
 
 Status GdipCreateStringFormat(int, int, GpStringFormat& format) {
   format = std::make_shared<StringFormat>();
   return Status::Ok;
 }
-
-Status GdipDeleteStringFormat(GpStringFormat& format) { return Release(format); }
 
 Status GdipSetStringFormatAlign(const GpStringFormat& format, StringAlignment alignment) {
   if (format == nullptr) {

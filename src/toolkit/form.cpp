@@ -3,13 +3,16 @@
 #include <QIcon>
 #include <QPixmap>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 
 #include "toolkit/forms.h"
 #include "toolkit/forms_shown.h"
 #include "toolkit/input_guard.h"
 #include "toolkit/native_window.h"
+#include "toolkit/pictures.h"
 #include "toolkit/surface.h"
+#include "toolkit/window_events.h"
 
 namespace toolkit {
 
@@ -21,6 +24,7 @@ constexpr int kFirstHeight = 240;  // pixels
 NativeWindow* NewForm(std::string_view name) {
   auto* surface = new Surface(nullptr);
   surface->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+  surface->setAttribute(Qt::WA_AlwaysShowToolTips);
   auto* window = new NativeWindow(surface, nullptr, name);
   window->form_state = std::make_unique<FormState>();
   return window;
@@ -54,7 +58,7 @@ void RunModalLoop(NativeWindow& form) {
   }
 }
 
-/// The loop may have ended because the program ends: no dialog stays behind.
+/// Hides the dialog also if the loop ended because the program ends.
 void LeaveModal(NativeWindow& form) {
   if (form.shown && form.form_state->modal_loops.empty() &&
       form.widget->windowModality() != Qt::NonModal) {
@@ -73,7 +77,8 @@ void Form::SetCaption(std::string_view caption) {
 }
 
 void Form::SetIconPicture(std::string_view path) {
-  const QImage picture = DecodePicture(path, Qt::white);
+  platform::FileStatus status = platform::FileStatus::kOk;
+  const QImage picture = LoadPicture(path, status);
   if (!picture.isNull()) {
     Native().widget->setWindowIcon(QIcon(QPixmap::fromImage(picture)));
   }
@@ -133,6 +138,19 @@ void Form::Minimize() {
   if (IsTopLevel(Native()) && Native().shown) {
     Native().form_state->show_pending = false;
     Native().widget->showMinimized();
+  }
+}
+
+void Form::Drag() {
+  NativeWindow& form = Native();
+  if ((form.pressed & kLeftButton) == 0 || !IsTopLevel(form)) {
+    return;
+  }
+  QWindow* window = form.widget->windowHandle();
+  if (window != nullptr && window->startSystemMove()) {
+    form.pressed = kNoButton;  // the release goes to the window manager
+  } else {
+    form.widget->move(LastPointer().position - LastPointer().grip);
   }
 }
 

@@ -14,7 +14,7 @@ namespace toolkit {
 
 /// Forms and controls. Places and sizes are twips, 15 to a logical pixel (the display's density is
 /// the toolkit's own business), relative to the container. All calls are for the one
-/// user-interface thread, after an Application stands.
+/// user-interface thread, while an Application exists.
 
 inline constexpr float kTwipsPerPixel = 15.0F;
 constexpr float Twips(double pixels) { return static_cast<float>(pixels * kTwipsPerPixel); }
@@ -26,17 +26,16 @@ class Application {
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
   ~Application();
-  /// Runs events until the process ends or Quit.
-  int Run();
-  void Quit();
+  /// Runs events until the process ends.
+  static int Run();
 };
 
-/// Handles what is waiting in the event queue, and returns.
+/// Handles the waiting events and returns.
 void DoEvents();
 
-/// While one lives, mouse, keyboard, wheel and close events of the user are thrown away; painting
-/// and leaving go on. Its end first drops what is still waiting. A ShowModal inside suspends it: a
-/// dialog that could not be answered would hold the program for ever.
+/// While one exists, the user's mouse, keyboard, wheel and close events are thrown away; painting
+/// and leaving go on. Its end first drops the events that still wait. A ShowModal inside suspends
+/// it: a dialog that could not be answered would hold the program for ever.
 class InputGuard {
  public:
   InputGuard();
@@ -97,10 +96,10 @@ enum class ControlKind : std::uint8_t {
   kTextBox,
 };
 
-/// A picture for a pointer; empty when it failed to load.
+/// A picture for a pointer; empty if it failed to load.
 struct CursorPicture;
 using CursorHandle = std::shared_ptr<CursorPicture>;
-/// A .cur file with its own hot spot. Empty handle when missing or malformed.
+/// A .cur file with its own hot spot. Empty handle if it is missing or malformed.
 CursorHandle LoadCursorFile(std::string_view path);
 /// The 32 by 32 pointing hand, hot spot (12, 1).
 CursorHandle HandCursor();
@@ -132,7 +131,6 @@ class Control {
 
   bool Visible() const;  ///< as set, whatever the container's state
   virtual void SetVisible(bool visible);
-  bool Enabled() const;
   void SetEnabled(bool enabled);
 
   /// Brings it above its siblings.
@@ -167,8 +165,7 @@ class Control {
   WindowOwner window_;
 };
 
-/// A control with others in it and a retained bitmap below them, where its picture stands and
-/// drawing goes.
+/// A control that holds others, with a retained bitmap below them for its picture and for drawing.
 class Container : public Control {
  public:
   /// The context of the retained bitmap: 32-bit, the size of the client area. Drawing shows at the
@@ -181,15 +178,13 @@ class Container : public Control {
   /// running the user's events.
   void Refresh();
   /// Loads the background picture, drawn at the top left unscaled, and does Cls. False, and the
-  /// picture as it was, when the file is missing or no picture.
+  /// picture as it was, if the file is missing or is not a picture.
   bool SetPicture(std::string_view path);
   bool HasPicture() const;
   void SetBackColor(platform::ColorRef color) override;
 
   float ScaleWidth() const;  ///< client area in pixels
   float ScaleHeight() const;
-  void SetScaleWidth(float) {}  ///< pixel scale is fixed; kept for the font fix
-  void SetScaleHeight(float) {}
 
   std::function<void()> Resize;
 
@@ -218,6 +213,9 @@ class Form : public Container {
   void SetVisible(bool visible) override;
   void SetFocus();
   void Minimize();
+  /// For MouseMove: moves the window with the pointer as long as the left button is held that was
+  /// pressed on the form.
+  void Drag();
 
   /// Every control of the form, nested ones too, in the order of their creation.
   const std::vector<Control*>& Controls() const;
@@ -250,7 +248,7 @@ class Label : public Control {
   Label(Container& container, std::string_view name);
   ControlKind Kind() const override { return ControlKind::kLabel; }
   const std::string& Caption() const;
-  /// Carriage returns and line feeds break lines; an ampersand is one.
+  /// Carriage returns and line feeds break lines; an ampersand is shown as one.
   void SetCaption(std::string_view caption);
   void SetForeColor(platform::ColorRef color);
   platform::ColorRef ForeColor() const;
@@ -288,30 +286,27 @@ enum ListStyle : std::uint8_t {
   kSortedList = 2,   ///< by text without case, independent of the locale, equal texts as they came
 };
 
-/// A list of rows, each with a number. Click comes when the user has picked a row, also the one
-/// that is picked already, by mouse or keyboard; never for what the program does. Mouse events,
-/// DblClick among them, are not told.
+/// A list of rows, each with a number. Click comes after the user has picked a row by mouse or
+/// keyboard, also the one that is picked already; never for what the program does. There are no
+/// mouse events.
 class ListBox : public Control {
  public:
   /// `style` is a sum of ListStyle.
   ListBox(Container& container, std::string_view name, unsigned style = kPlainList);
   ControlKind Kind() const override { return ControlKind::kListBox; }
   void Clear();
-  /// The row where the list has put the item. It moves no selection.
+  /// Returns the row where the list has put the item. The selection stays.
   int AddItem(std::string_view text, std::int32_t item_data = 0);
   int ListCount() const;
   std::string List(int row) const;       ///< empty text outside the list
   std::int32_t ItemData(int row) const;  ///< 0 outside the list
-  void SetItemData(int row, std::int32_t item_data);
-  int ListIndex() const;  ///< -1: no selection
+  int ListIndex() const;                 ///< -1: no selection
   void SetListIndex(int row);
-  int TopIndex() const;  ///< the first row in sight; -1 in an empty list
+  int TopIndex() const;  ///< the first visible row; -1 in an empty list
   void SetTopIndex(int row);
   /// Whether the row's box is checked; in a list without boxes, whether it is the selected row.
   bool Selected(int row) const;
   void SetSelected(int row, bool selected);
-  /// Heights are taken as given here; kept for the font fix.
-  void SetIntegralHeight(bool) {}
   void SetForeColor(platform::ColorRef color);
   void SetBackColor(platform::ColorRef color) override;
 
@@ -322,7 +317,7 @@ class ListBox : public Control {
 enum class TextLines : std::uint8_t { kOne, kSeveral };
 
 /// An edit field. Positions and lengths are characters of Text, in which a line end is two, CR and
-/// LF. Of the mouse events only DblClick is told.
+/// LF. DblClick is its only mouse event.
 class TextBox : public Control {
  public:
   TextBox(Container& container, std::string_view name, TextLines lines = TextLines::kOne);
@@ -333,16 +328,14 @@ class TextBox : public Control {
   /// The most that Text may hold, whoever enters it: characters as code page 1252 stores them, one
   /// byte each. Text beyond it is cut off. 0: no limit.
   void SetMaxLength(int characters);
-  int SelStart() const;
-  int SelLength() const;
   void Select(int start, int length);
   void SetFocus();
   void SetForeColor(platform::ColorRef color);
   void SetBackColor(platform::ColorRef color) override;
 
-  /// It has the keyboard now. Coming back from another window is none.
+  /// The field has got the keyboard from another control of the program's windows, not with its
+  /// window.
   std::function<void()> GotFocus;
-  std::function<void()> Change;
 };
 
 }  // namespace toolkit

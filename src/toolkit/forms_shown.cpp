@@ -48,7 +48,7 @@ void AttachToOwner(NativeWindow& form) {
   form.widget->windowHandle()->setTransientParent(owner);
 }
 
-/// What opened above the hidden window stands by itself from now on.
+/// Windows that opened above the hidden one no longer depend on it.
 void ReleaseOwned(const QWindow* hidden) {
   for (const NativeWindow* other : AllWindows()) {
     QWindow* window = other->widget->windowHandle();
@@ -58,7 +58,7 @@ void ReleaseOwned(const QWindow* hidden) {
   }
 }
 
-/// Else the toolkit hands the focus to whichever control comes next.
+/// Otherwise the toolkit gives the focus to the next control.
 void ClearFocusWithin(const QWidget& widget) {
   QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && (focused == &widget || widget.isAncestorOf(focused))) {

@@ -10,8 +10,8 @@ namespace toolkit {
 
 /// The flat drawing calls that the program paints with, under their published names and with the
 /// published meaning: an integer coordinate is the centre of a pixel, so a line of width 1 on it is
-/// one pixel crisp. Handles own their objects; deleting one early is optional. A call on an empty
-/// handle gives Status::InvalidParameter and draws nothing.
+/// one pixel crisp. Handles own their objects. A call on an empty handle gives
+/// Status::InvalidParameter and draws nothing.
 
 using ARGB = std::uint32_t;
 
@@ -32,7 +32,7 @@ enum TextRenderingHint : std::uint8_t {
 enum StringAlignment : std::uint8_t { StringAlignmentNear = 0, StringAlignmentCenter = 1 };
 /// Alpha, red, green and blue of 8 bits, the colours multiplied by alpha.
 enum PixelFormat : std::uint32_t { PixelFormat32bppPARGB = 0x000E200B };
-enum FontStyle : std::uint8_t { FontStyleRegular = 0, FontStyleBold = 1 };
+enum FontStyle : std::uint8_t { FontStyleRegular = 0 };
 
 struct RectF {
   float x = 0;
@@ -45,7 +45,7 @@ struct Graphics;
 struct GraphicsPath;
 struct Pen;
 struct Brush;
-struct PaintRegion;
+struct Region;
 struct Image;
 struct FontFamily;
 struct PaintFont;
@@ -54,7 +54,7 @@ using GpGraphics = std::shared_ptr<Graphics>;
 using GpPath = std::shared_ptr<GraphicsPath>;
 using GpPen = std::shared_ptr<Pen>;
 using GpBrush = std::shared_ptr<Brush>;
-using GpRegion = std::shared_ptr<PaintRegion>;
+using GpRegion = std::shared_ptr<const Region>;
 using GpImage = std::shared_ptr<Image>;  ///< empty: the picture failed to load (handle 0)
 using GpFontFamily = std::shared_ptr<FontFamily>;
 using GpFont = std::shared_ptr<PaintFont>;
@@ -63,12 +63,9 @@ using GpStringFormat = std::shared_ptr<StringFormat>;
 /// Start and end of the graphics library; `version` must be 1.
 Status GdiplusStartup(std::uintptr_t& token, std::uint32_t version);
 void GdiplusShutdown(std::uintptr_t token);
-/// For tests: the status the next starts give.
-void SetGdiplusStartupStatus(Status status);
 
 /// Draws into the context's 32-bit bitmap from here on.
 Status GdipCreateFromHDC(const platform::HDC& dc, GpGraphics& graphics);
-Status GdipDeleteGraphics(GpGraphics& graphics);
 Status GdipSetSmoothingMode(const GpGraphics& graphics, SmoothingMode mode);
 Status GdipSetTextRenderingHint(const GpGraphics& graphics, TextRenderingHint hint);
 Status GdipSetClipRegion(const GpGraphics& graphics, const GpRegion& region, CombineMode mode);
@@ -80,14 +77,10 @@ Status GdipAddPathArc(const GpPath& path, float x, float y, float width, float h
                       float sweep);
 Status GdipAddPathEllipse(const GpPath& path, float x, float y, float width, float height);
 Status GdipClosePathFigure(const GpPath& path);
-Status GdipDeletePath(GpPath& path);
 
 Status GdipCreatePen1(ARGB color, float width, Unit unit, GpPen& pen);
-Status GdipDeletePen(GpPen& pen);
 Status GdipCreateSolidFill(ARGB color, GpBrush& brush);
-Status GdipDeleteBrush(GpBrush& brush);
 Status GdipCreateRegionPath(const GpPath& path, GpRegion& region);
-Status GdipDeleteRegion(GpRegion& region);
 
 Status GdipDrawPath(const GpGraphics& graphics, const GpPen& pen, const GpPath& path);
 Status GdipDrawLine(const GpGraphics& graphics, const GpPen& pen, float x1, float y1, float x2,
@@ -105,14 +98,12 @@ Status GdipDrawImageRect(const GpGraphics& graphics, const GpImage& image, float
 Status GdipDrawImageRectRect(const GpGraphics& graphics, const GpImage& image,
                              const RectF& destination, const RectF& source);
 
-/// Decodes a picture file of any kind the image library reads, wholly and at once, into the pixel
-/// form that draws fastest (4 bytes a pixel). Sides over 16384 fail before memory is taken.
+/// Decodes a picture file of any kind that LoadPicture (pictures.h) reads.
 Status GdipLoadImageFromFile(std::string_view path, GpImage& image);
 /// A transparent bitmap to draw on.
 Status GdipCreateBitmapFromScan0(int width, int height, PixelFormat format, GpImage& bitmap);
 /// Draws into the image from here on; several may be open on one image.
 Status GdipGetImageGraphicsContext(const GpImage& image, GpGraphics& graphics);
-Status GdipDisposeImage(GpImage& image);
 Status GdipGetImageWidth(const GpImage& image, std::uint32_t& width);
 Status GdipGetImageHeight(const GpImage& image, std::uint32_t& height);
 inline constexpr std::uint32_t ImageFlagsHasAlpha = 2;
@@ -122,12 +113,9 @@ Status GdipBitmapGetPixel(const GpImage& image, int x, int y, ARGB& color);
 Status GdipBitmapSetPixel(const GpImage& image, int x, int y, ARGB color);
 
 Status GdipCreateFontFamilyFromName(std::string_view name, GpFontFamily& family);
-Status GdipDeleteFontFamily(GpFontFamily& family);
 /// `size` in pixels of the em square (UnitPixel).
 Status GdipCreateFont(const GpFontFamily& family, float size, int style, Unit unit, GpFont& font);
-Status GdipDeleteFont(GpFont& font);
 Status GdipCreateStringFormat(int flags, int language, GpStringFormat& format);
-Status GdipDeleteStringFormat(GpStringFormat& format);
 Status GdipSetStringFormatAlign(const GpStringFormat& format, StringAlignment alignment);
 Status GdipSetStringFormatLineAlign(const GpStringFormat& format, StringAlignment alignment);
 /// One string in a layout rectangle; a width or height of 0 is unbounded. Words wrap at the width,

@@ -4,8 +4,8 @@
 
 namespace toolkit {
 
-/// While one lives, a handler of the program is on the stack: windows that it drops are taken apart
-/// later, because the toolkit may still be delivering an event to them.
+/// While one exists, a handler of the program is on the stack: widgets of windows that it destroys
+/// are deleted later, because the toolkit may still deliver an event to them.
 class HandlerScope {
  public:
   HandlerScope() { ++depth_; }

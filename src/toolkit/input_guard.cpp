@@ -46,8 +46,8 @@ bool IsUserInput(QEvent::Type type) {
   }
 }
 
-/// Drops what reaches widgets, not what reaches their windows: the toolkit keeps its books of
-/// pressed buttons there and has to see every release.
+/// Drops the events of widgets, not those of their windows: there the toolkit records which buttons
+/// are pressed, and has to see every release.
 class Filter : public QObject {
  public:
   bool eventFilter(QObject* object, QEvent* event) override {

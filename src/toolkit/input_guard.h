@@ -2,7 +2,7 @@
 
 namespace toolkit {
 
-/// While one lives, the InputGuards that stand let everything through.
+/// While one exists, the InputGuards made before it let everything through.
 class GuardPause {
  public:
   GuardPause();

@@ -18,8 +18,7 @@ constexpr int kItemData = Qt::UserRole;
 /// The text as given; what is shown has blanks for control characters, which would break the row.
 constexpr int kGivenText = Qt::UserRole + 1;
 
-/// Tells of what the user did only after the toolkit has done with the event: a handler may clear
-/// the list or drop it.
+/// Runs the handlers only after the toolkit has handled the event: they may clear or drop the list.
 class ListWidget : public QListWidget {
  public:
   ListWidget(QWidget* container, unsigned style)
@@ -82,7 +81,7 @@ class ListWidget : public QListWidget {
     Tell(Picked() != before);
   }
 
-  /// Picks a row, and never takes a pick back.
+  /// A row that is picked stays so when it is picked again.
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override {
     const auto flags = QListWidget::selectionCommand(index, event);
@@ -93,7 +92,7 @@ class ListWidget : public QListWidget {
   }
 
  private:
-  /// The toolkit does it for clicks on the box itself, this for those on the rest of the row.
+  /// For clicks on the rest of the row: the toolkit itself serves those on the box.
   static void Toggle(QListWidgetItem& row_item) {
     row_item.setCheckState(row_item.checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
   }
@@ -189,12 +188,6 @@ std::string ListBox::List(int row) const {
 std::int32_t ListBox::ItemData(int row) const {
   const QListWidgetItem* item = Of(Native()).item(row);
   return item != nullptr ? item->data(kItemData).toInt() : 0;
-}
-
-void ListBox::SetItemData(int row, std::int32_t item_data) {
-  if (QListWidgetItem* item = Of(Native()).item(row); item != nullptr) {
-    item->setData(kItemData, item_data);
-  }
 }
 
 int ListBox::ListIndex() const { return Of(Native()).Picked(); }

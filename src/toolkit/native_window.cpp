@@ -1,82 +1,29 @@
 #include "toolkit/native_window.h"
 
-#include <QEventLoop>
 #include <QHash>
 #include <algorithm>
 #include <cmath>
 
-#include "toolkit/forms_shown.h"
 #include "toolkit/handlers.h"
 #include "toolkit/surface.h"
-#include "toolkit/tooltip.h"
-#include "toolkit/window_events.h"
 
 namespace toolkit {
 
 namespace {
 
-constexpr float kLargestTwips = 32767.0F * kTwipsPerPixel;
+constexpr float kMaxTwips = 32767.0F * kTwipsPerPixel;
 
 QHash<const QWidget*, NativeWindow*>& Registry() {
   static QHash<const QWidget*, NativeWindow*> registry;
   return registry;
 }
 
-void LeaveForm(NativeWindow& window) {
-  if (window.form != nullptr) {
-    std::erase(window.form->form_state->controls, window.control);
-  }
-  if (window.form_state != nullptr) {
-    for (const Control* control : window.form_state->controls) {
-      control->hWnd()->form = nullptr;
-    }
-  }
-}
-
-/// Controls that outlive their container keep a widget of their own, out of sight.
-void OrphanChildren(const NativeWindow& window) {
-  for (NativeWindow* other : AllWindows()) {
-    if (other->widget != nullptr && other->widget->parentWidget() == window.widget) {
-      other->widget->setParent(nullptr);
-    }
-  }
-}
-
-void DisposeOfWidget(QWidget& widget) {
-  widget.setObjectName(QString());
-  widget.hide();
-  if (HandlerScope::Active()) {
-    widget.deleteLater();
-  } else {
-    delete &widget;
-  }
-}
-
 }  // namespace
 
-NativeWindow::NativeWindow(QWidget* made, NativeWindow* container, std::string_view window_name)
-    : widget(made), name(window_name) {
-  widget->setObjectName(QString::fromStdString(name));
-  widget->setMouseTracking(true);
-  Registry().insert(made, this);
-  WatchEvents(*made);
-  if (container != nullptr) {
-    form = container->form_state != nullptr ? container : container->form;
-    shown = true;
-    widget->show();
-  }
-}
+void Register(const QWidget& widget, NativeWindow& window) { Registry().insert(&widget, &window); }
 
-NativeWindow::~NativeWindow() {
-  alive.reset();
-  LeaveForm(*this);
-  ForgetForm(*this);
-  ForgetTool(*this);
-  Registry().removeIf([this](const auto& entry) { return entry.value() == this; });
-  if (widget != nullptr) {
-    OrphanChildren(*this);
-    DisposeOfWidget(*widget);
-  }
+void Unregister(const NativeWindow& window) {
+  Registry().removeIf([&window](const auto& entry) { return entry.value() == &window; });
 }
 
 NativeWindow* NativeOf(const QWidget* widget) { return Registry().value(widget, nullptr); }
@@ -91,8 +38,7 @@ std::vector<NativeWindow*> AllWindows() { return {Registry().cbegin(), Registry(
 
 int Pixels(float twips) {
   const float bounded = std::isfinite(twips) ? twips : 0.0F;
-  return static_cast<int>(
-      std::lround(std::clamp(bounded, -kLargestTwips, kLargestTwips) / kTwipsPerPixel));
+  return static_cast<int>(std::lround(std::clamp(bounded, -kMaxTwips, kMaxTwips) / kTwipsPerPixel));
 }
 
 void ApplyPosition(NativeWindow& window) {

@@ -29,11 +29,11 @@ struct Place {
 struct FormState {
   std::vector<Control*> controls;
   std::vector<QEventLoop*> modal_loops;  ///< of the ShowModal calls under way, outermost first
-  bool show_pending = false;    ///< shown for the program, its window to come at the next turn
-  bool await_exposure = false;  ///< its window came up, nothing painted yet
+  bool show_pending = false;    ///< shown for the program; its window appears at the next turn
+  bool await_exposure = false;  ///< its window has appeared and is not painted yet
 };
 
-/// One native window: the widget, and what a control keeps of its own. Owns the widget, which dies
+/// One native window: the widget and the state of its control. Owns the widget, which is deleted
 /// with it, after the event under way.
 struct NativeWindow {
   /// `container` is null for a form. The widget is its child already.
@@ -42,9 +42,9 @@ struct NativeWindow {
   NativeWindow& operator=(const NativeWindow&) = delete;
   ~NativeWindow();
 
-  QPointer<QWidget> widget;  ///< null only after the Application has gone
+  QPointer<QWidget> widget;  ///< null only after the end of the Application
   std::string name;
-  Control* control = nullptr;    ///< null for a tooltip
+  Control* control = nullptr;    ///< set by the control's constructor
   NativeWindow* form = nullptr;  ///< whose Controls it is among; null for a form
   std::unique_ptr<FormState> form_state;
   std::vector<SmartSubClass*> watchers;
@@ -62,15 +62,18 @@ struct NativeWindow {
   bool resizing = false;             ///< its Resize handler runs
   bool leave_armed = false;          ///< owes one WM_MOUSELEAVE
   bool shown = false;                ///< as set by the program
-  bool enabled = true;               ///< as set by the program
 };
 
-/// The window of a widget, of ours or not; null when it is not ours.
+/// The window that owns the widget; null for any other widget.
 NativeWindow* NativeOf(const QWidget* widget);
-/// Whether the handle still stands for a window.
+/// Whether the window of the handle still exists.
 bool IsWindow(const NativeWindow* window);
 /// Every window, in no order.
 std::vector<NativeWindow*> AllWindows();
+
+/// Makes the window the one that NativeOf() finds for the widget, until it is unregistered.
+void Register(const QWidget& widget, NativeWindow& window);
+void Unregister(const NativeWindow& window);
 
 /// Pixels of a measure in twips.
 int Pixels(float twips);
@@ -79,7 +82,7 @@ void ApplyPosition(NativeWindow& window);
 void ApplySize(NativeWindow& window);
 /// Runs the container's Resize handler, never within itself.
 void NotifyResize(NativeWindow& window);
-/// What is seen of the widget behind the edges of its containers, in its own pixels.
+/// The part of the widget that its containers don't clip, in its own pixels.
 QRect VisibleRect(const QWidget& widget);
 bool IsTopLevel(const NativeWindow& window);
 

@@ -11,10 +11,10 @@
 
 namespace toolkit {
 
-/// What stands behind the handles of the flat drawing calls.
+/// What the handles of the flat drawing calls own.
 
 struct Graphics {
-  platform::HDC dc;  ///< kept alive; its bitmap is looked up anew by each call
+  platform::HDC dc;  ///< kept alive; each call takes the bitmap it holds then
   GpImage image;     ///< drawn on instead of a context's bitmap when there is one
   bool antialias = false;
   TextRenderingHint text_hint = TextRenderingHintAntiAlias;
@@ -36,7 +36,7 @@ struct Brush {
   QColor color;
 };
 
-struct PaintRegion {
+struct Region {
   QRegion pixels;
 };
 
@@ -82,16 +82,6 @@ class Canvas {
 bool Drawable(const platform::HDC& dc);
 
 inline QColor ColorOf(ARGB color) { return QColor::fromRgba(color); }
-
-/// Drops the handle; InvalidParameter when it was empty.
-template <typename Handle>
-Status Release(Handle& handle) {
-  if (handle == nullptr) {
-    return Status::InvalidParameter;
-  }
-  handle.reset();
-  return Status::Ok;
-}
 
 /// Whether every number is finite and within what a surface could need: a guard against nonsense
 /// reaching the rasterizer, which counts in fixed point.

@@ -14,8 +14,8 @@ struct Crossing {
   int turn;
 };
 
-/// Rounds a curve's point to 1/256 pixel, so that a point that is meant to lie on a pixel's centre
-/// lies on it in spite of the flattening.
+/// Rounds a curve's point to 1/256 pixel, so that flattening a curve moves no point off a pixel's
+/// centre.
 QPointF Snap(const QPointF& point) {
   return {std::round(point.x() * 256) / 256, std::round(point.y() * 256) / 256};
 }
@@ -111,7 +111,7 @@ Status GdipCreateRegionPath(const GpPath& path, GpRegion& region) {
   if (path == nullptr) {
     return Status::InvalidParameter;
   }
-  region = std::make_shared<PaintRegion>(PaintRegion{PixelsInside(path->path)});
+  region = std::make_shared<Region>(Region{PixelsInside(path->path)});
   return Status::Ok;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -15,32 +15,25 @@ struct Rect {
   bool operator==(const Rect&) const = default;
 };
 
-/// A set of pixels as rectangles in bands from top to bottom, left to right, none touching in a
-/// way that two could be one (the published order of a region's data).
-class Region {
- public:
-  Region() = default;
-  explicit Region(std::vector<Rect> banded) : rects_(std::move(banded)) {}
-  const std::vector<Rect>& Rects() const { return rects_; }
-  Rect Bounds() const;
-  bool Contains(int x, int y) const;
+/// A set of pixels. Regions don't change; CombineRgn makes new ones.
+struct Region;
+using HRGN = std::shared_ptr<const Region>;  ///< empty: a failed call
 
- private:
-  std::vector<Rect> rects_;
-};
-using HRGN = std::optional<Region>;  ///< empty: a failed call
-
+/// The sides may come in either order.
 HRGN CreateRectRgn(int left, int top, int right, int bottom);
 inline constexpr int RGN_DIFF = 4;
 /// target = first minus second; only RGN_DIFF is served. False for an empty handle.
 bool CombineRgn(HRGN& target, const HRGN& first, const HRGN& second, int mode);
+/// Whether any pixel of the rectangle lies in the region.
+bool RectInRegion(const HRGN& region, const Rect& rect);
 
 /// The RGNDATA record of a region: the 32-byte header, then 16 bytes for each rectangle, all
-/// little-endian. Empty when the region is an empty handle.
+/// little-endian. The rectangles form bands from top to bottom, each from left to right, and none
+/// touch in a way that two could be one. Empty for an empty handle.
 std::vector<std::byte> GetRegionData(const HRGN& region);
-/// The region of an RGNDATA record. Empty when the record is shorter than its header, names another
+/// The region of an RGNDATA record. Empty if the record is shorter than its header, names another
 /// header length than 32 or another kind than rectangles, is shorter than its count says, or would
-/// fall into millions of pieces. Rectangles may overlap or lie in any order; empty ones count for
+/// fall into millions of pieces. Rectangles may overlap and lie in any order; empty ones count for
 /// nothing. Coordinates outside -32768 to 32767 are cut to it.
 HRGN ExtCreateRegion(std::span<const std::byte> data);
 

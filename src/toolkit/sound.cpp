@@ -23,13 +23,11 @@ constexpr std::array<AliasSound, 4> kSounds{{
     {"SystemQuestion", "dialog-question"},
 }};
 
-void (*sound_listener)(std::string_view) = nullptr;
-
 /// Held by the thread that talks to the sound system.
 std::atomic_flag playing = ATOMIC_FLAG_INIT;
 
-/// Runs on a thread of its own: reaching a sound server that is not there can take long. The
-/// context lives to the end of the process, since taking it down would cut the sound short.
+/// Runs on a thread of its own: connecting to a missing sound server can take seconds. The context
+/// is never freed, since that would cut the sound short.
 void Play(const char* event_id) {
   static ca_context* context = nullptr;
   if (context != nullptr || ca_context_create(&context) == CA_SUCCESS) {
@@ -39,7 +37,7 @@ void Play(const char* event_id) {
   playing.clear(std::memory_order_release);
 }
 
-/// A sound that comes while the last one is still on its way to the server is dropped.
+/// Drops a sound while the one before is still on its way to the server.
 void PlayAside(const char* event_id) {
   if (playing.test_and_set(std::memory_order_acquire)) {
     return;
@@ -62,10 +60,8 @@ bool PlaySoundA(std::string_view alias, std::uint32_t flags) {
   if (sound == kSounds.end()) {
     return false;
   }
-  sound_listener != nullptr ? sound_listener(alias) : PlayAside(sound->event_id);
+  PlayAside(sound->event_id);
   return true;
 }
-
-void SetSoundListener(void (*listener)(std::string_view alias)) { sound_listener = listener; }
 
 }  // namespace toolkit

@@ -1,18 +1,14 @@
 #include "toolkit/surface.h"
 
-#include <QImageReader>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
-#include <string>
 
-#include "platform/files.h"
+#include "toolkit/pictures.h"
 
 namespace toolkit {
 
 namespace {
-
-constexpr int kLargestSide = 16384;
 
 /// The bitmap's memory as an image, without a copy; the bitmap must outlive it.
 QImage Wrap(platform::Bitmap& bitmap) {
@@ -26,7 +22,7 @@ bool IsDrawable(const platform::Bitmap& bitmap) {
 
 QImage OverBackground(const QImage& picture, const QColor& background) {
   if (!picture.hasAlphaChannel()) {
-    return picture.convertToFormat(QImage::Format_RGB32);
+    return picture;
   }
   QImage opaque(picture.size(), QImage::Format_RGB32);
   if (!opaque.isNull()) {
@@ -38,24 +34,13 @@ QImage OverBackground(const QImage& picture, const QColor& background) {
 
 }  // namespace
 
-QImage DecodePicture(std::string_view path, const QColor& background) {
-  const std::string host = platform::HostPath(path);
-  QImageReader reader(QString::fromStdString(host));
-  reader.setDecideFormatFromContent(true);
-  const QSize size = reader.size();
-  if (size.isEmpty() || size.width() > kLargestSide || size.height() > kLargestSide) {
-    return {};
-  }
-  return OverBackground(reader.read(), background);
-}
-
 Surface::Surface(QWidget* parent) : QWidget(parent), background_(240, 240, 240) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_NoSystemBackground);
 }
 
 QSize Surface::BitmapSize() const {
-  return {std::clamp(width(), 1, kLargestSide), std::clamp(height(), 1, kLargestSide)};
+  return {std::clamp(width(), 1, kMaxPictureSide), std::clamp(height(), 1, kMaxPictureSide)};
 }
 
 platform::HBITMAP Surface::NewBitmap() const {
@@ -106,11 +91,12 @@ void Surface::Reset() {
 }
 
 bool Surface::LoadPicture(std::string_view path) {
-  QImage picture = DecodePicture(path, background_);
+  platform::FileStatus status = platform::FileStatus::kOk;
+  const QImage picture = toolkit::LoadPicture(path, status);
   if (picture.isNull()) {
     return false;
   }
-  picture_ = std::move(picture);
+  picture_ = OverBackground(picture, background_);
   Reset();
   return true;
 }

@@ -10,7 +10,7 @@
 namespace toolkit {
 
 /// The widget of a container: paints the retained bitmap or, as long as nothing was drawn, the
-/// picture over the background colour, so that a container nobody draws on costs no bitmap.
+/// picture over the background colour, so that a container without drawings costs no bitmap.
 class Surface : public QWidget {
  public:
   explicit Surface(QWidget* parent);
@@ -20,9 +20,10 @@ class Surface : public QWidget {
   platform::HDC Context();
   /// Gives an existing bitmap the widget's size; what was drawn stays where both overlap.
   void Fit();
-  /// Drawn content goes; picture and background come back.
+  /// Puts the picture and the background in place of what was drawn.
   void Reset();
-  /// False when the file is missing or no picture.
+  /// A translucent picture is laid over the background. False if the file is missing or is not a
+  /// picture.
   bool LoadPicture(std::string_view path);
   bool HasPicture() const { return !picture_.isNull(); }
   void SetBackground(const QColor& color);
@@ -43,9 +44,5 @@ class Surface : public QWidget {
   QImage picture_;
   QColor background_;
 };
-
-/// The picture in a file, opaque, 4 bytes a pixel; null when the file is missing, no picture or
-/// has a side over 16384 pixels. Translucent pictures are laid over `background`.
-QImage DecodePicture(std::string_view path, const QColor& background);
 
 }  // namespace toolkit

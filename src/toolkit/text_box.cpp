@@ -4,7 +4,6 @@
 #include <QTextDocument>
 #include <algorithm>
 #include <climits>
-#include <utility>
 
 #include "toolkit/forms.h"
 #include "toolkit/handlers.h"
@@ -37,7 +36,7 @@ int StoredLength(QStringView text) {
   return sum;
 }
 
-/// The place in the toolkit's text behind `characters` stored ones, never inside a pair.
+/// The place in the toolkit's text after `characters` stored ones, never inside a pair.
 int UnitsOf(QStringView text, int characters) {
   qsizetype at = 0;
   for (int sum = 0; at < text.size(); ++at) {
@@ -59,11 +58,10 @@ qsizetype RemovalStart(QStringView text, qsizetype end, int excess) {
   return at;
 }
 
-/// Enough of the text to fill `limit`: laying out all of a huge one only to cut it would hold the
-/// window up.
+/// Enough of the text to fill `limit`: laying out a huge text only to cut it takes seconds.
 QString Bounded(const QString& text, int limit) {
-  constexpr int kMostUnits = 2;  // of a character
-  return limit > 0 ? text.left(qsizetype{kMostUnits} * limit) : text;
+  constexpr int kMaxUnits = 2;  // of a character
+  return limit > 0 ? text.left(qsizetype{kMaxUnits} * limit) : text;
 }
 
 class LineWidget : public EditWidget<QLineEdit> {
@@ -89,10 +87,6 @@ class LineWidget : public EditWidget<QLineEdit> {
     setSelection(from, to - from);
     del();
   }
-  std::pair<int, int> Marked() const override {
-    return hasSelectedText() ? std::pair{selectionStart(), selectionEnd()}
-                             : std::pair{cursorPosition(), cursorPosition()};
-  }
 };
 
 class LinesWidget : public EditWidget<QPlainTextEdit> {
@@ -117,9 +111,6 @@ class LinesWidget : public EditWidget<QPlainTextEdit> {
     cursor.removeSelectedText();
     cursor.endEditBlock();
   }
-  std::pair<int, int> Marked() const override {
-    return {textCursor().selectionStart(), textCursor().selectionEnd()};
-  }
 
  protected:
   void insertFromMimeData(const QMimeData* source) override {
@@ -128,8 +119,7 @@ class LinesWidget : public EditWidget<QPlainTextEdit> {
   }
 };
 
-/// Cuts what was entered too much, in front of the caret where it came in; what was there before
-/// stays.
+/// Cuts the excess in front of the caret, where it was entered; the older text stays.
 void CutToLimit(EditText& edit) {
   const QString raw = edit.Raw();
   const int excess = edit.limit > 0 ? StoredLength(raw) - edit.limit : 0;
@@ -146,27 +136,20 @@ void CutToLimit(EditText& edit) {
   }
 }
 
-/// The toolkit tells of every change, its own cutting among them, and of some twice; the program
-/// hears of the outcome.
-void OnTextChanged(QWidget& widget, EditText& edit) {
-  if (edit.cutting) {
-    return;
-  }
-  edit.cutting = true;
-  edit.Tidy();
-  CutToLimit(edit);
-  edit.cutting = false;
-  const QString raw = edit.Raw();
-  const NativeWindow* window = NativeOf(&widget);
-  if (std::exchange(edit.told, raw) != raw && window != nullptr) {
-    Call(static_cast<TextBox*>(window->control)->Change);
+/// The toolkit reports its own cutting, too.
+void OnTextChanged(EditText& edit) {
+  if (!edit.cutting) {
+    edit.cutting = true;
+    edit.Tidy();
+    CutToLimit(edit);
+    edit.cutting = false;
   }
 }
 
 template <class Widget>
 QWidget* NewEdit(QWidget* container) {
   auto* made = new Widget(container);
-  QObject::connect(made, &Widget::textChanged, made, [made] { OnTextChanged(*made, *made); });
+  QObject::connect(made, &Widget::textChanged, made, [made] { OnTextChanged(*made); });
   return made;
 }
 
@@ -214,18 +197,7 @@ void TextBox::SetText(std::string_view text) {
 void TextBox::SetMaxLength(int characters) {
   EditText& edit = Of(Native());
   edit.limit = characters;
-  OnTextChanged(*Native().widget, edit);
-}
-
-int TextBox::SelStart() const {
-  const EditText& edit = Of(Native());
-  return StoredLength(QStringView(edit.Raw()).first(edit.Marked().first));
-}
-
-int TextBox::SelLength() const {
-  const EditText& edit = Of(Native());
-  const auto [from, to] = edit.Marked();
-  return StoredLength(QStringView(edit.Raw()).sliced(from, to - from));
+  OnTextChanged(edit);
 }
 
 void TextBox::Select(int start, int length) {

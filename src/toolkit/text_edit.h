@@ -19,19 +19,17 @@ struct EditText {
   virtual QString Raw() const = 0;
   virtual void SetRaw(const QString& raw) = 0;
   virtual int Caret() const = 0;
-  virtual std::pair<int, int> Marked() const = 0;  ///< both the caret when nothing is
   virtual void Mark(int from, int to) = 0;
   virtual void Remove(int from, int to) = 0;
-  /// Turns what the field can't hold into what it can.
+  /// Replaces characters that the field can't hold.
   virtual void Tidy() {}
 
-  QString told;          ///< the text of the last Change
   int limit = 0;         ///< stored characters; 0: none
   bool cutting = false;  ///< its text is being cut to the limit
 };
 
-/// An edit widget that tells its TextBox of focus and double clicks after it has acted on them
-/// itself: a press or a second click that sets the caret would undo what a handler selects.
+/// An edit widget that runs the GotFocus and DblClick of its TextBox after it has acted on the
+/// event itself: a press or a second click that sets the caret would undo what a handler selects.
 template <class Base>
 class EditWidget : public Base, public EditText {
  public:
@@ -99,9 +97,9 @@ class EditWidget : public Base, public EditText {
     }
   }
 
-  bool resting_ = false;         ///< lost the keyboard to another window, to get it back
-  bool focus_by_press_ = false;  ///< the press that brought the keyboard is still to come
-  bool keep_selection_ = false;  ///< until the button goes up, against a shaking hand
+  bool resting_ = false;         ///< lost the keyboard to another window
+  bool focus_by_press_ = false;  ///< the press that brought the keyboard follows
+  bool keep_selection_ = false;  ///< until the release, against a shaking hand
 };
 
 }  // namespace toolkit

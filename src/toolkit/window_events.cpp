@@ -10,7 +10,6 @@
 #include "toolkit/forms_shown.h"
 #include "toolkit/handlers.h"
 #include "toolkit/native_window.h"
-#include "toolkit/tooltip.h"
 
 namespace toolkit {
 
@@ -31,14 +30,14 @@ MouseEvent ToMouseEvent(const QMouseEvent& event, std::int16_t button) {
           static_cast<int>(std::floor(event.position().y()))};
 }
 
-/// These act on the mouse themselves and tell their Click and DblClick otherwise.
+/// These act on the mouse themselves and run Click and DblClick in their own way.
 bool ActsByItself(const NativeWindow& window) {
   constexpr std::array kKinds{ControlKind::kCheckBox, ControlKind::kComboBox, ControlKind::kListBox,
                               ControlKind::kTextBox};
   return std::find(kKinds.begin(), kKinds.end(), window.control->Kind()) != kKinds.end();
 }
 
-/// A label without handlers is as good as painted on its container.
+/// A label without handlers is a part of its container for the mouse.
 bool LetsMouseThrough(const Control& control) {
   return control.Kind() == ControlKind::kLabel && !control.MouseDown && !control.MouseMove &&
          !control.MouseUp && !control.Click && !control.DblClick;
@@ -50,7 +49,7 @@ void OnPress(NativeWindow& window, const QMouseEvent& event, std::int16_t button
   Call(window.control->MouseDown, ToMouseEvent(event, button));
 }
 
-/// With no handler of its own a fast second press counts like the first.
+/// Without a DblClick handler a fast second press is a press like the first.
 void OnDoublePress(NativeWindow& window, const QMouseEvent& event, std::int16_t button) {
   if (button != kLeftButton || !window.control->DblClick || ActsByItself(window)) {
     OnPress(window, event, button);
@@ -61,7 +60,7 @@ void OnDoublePress(NativeWindow& window, const QMouseEvent& event, std::int16_t 
   Call(window.control->DblClick);
 }
 
-/// A release whose press was thrown away, or was another window's, is nobody's.
+/// A release whose press was thrown away, or was another window's, is ignored.
 void OnRelease(NativeWindow& window, const QMouseEvent& event, std::int16_t button) {
   if ((window.pressed & button) == 0) {
     return;
@@ -78,7 +77,7 @@ void OnRelease(NativeWindow& window, const QMouseEvent& event, std::int16_t butt
   }
 }
 
-/// With a button held the toolkit reports no leaving; the moves outside tell it.
+/// The toolkit reports no leaving while a button is held: the moves outside show it.
 void LeaveWhereOutside() {
   for (NativeWindow* window : AllWindows()) {
     if (IsWindow(window) && window->leave_armed &&
@@ -103,10 +102,16 @@ void Dispatch(NativeWindow& window, const QMouseEvent& event) {
   }
 }
 
-/// Whether the widget itself is to be spared the event.
+void NotePointer(const QWidget& widget, const QMouseEvent& event) {
+  pointer_state.position = event.globalPosition().toPoint();
+  if (event.type() == QEvent::MouseButtonPress) {
+    pointer_state.grip = pointer_state.position - widget.window()->pos();
+  }
+}
+
+/// Returns true to keep the event from the widget itself.
 bool OnMouse(NativeWindow& window, QMouseEvent& event) {
-  pointer_state = {event.globalPosition().toPoint(), event.buttons()};
-  TipsSeeMouse(window, event.type(), pointer_state.position);
+  NotePointer(*window.widget, event);
   if (LetsMouseThrough(*window.control)) {
     event.ignore();
     return true;
@@ -119,11 +124,6 @@ bool OnMouse(NativeWindow& window, QMouseEvent& event) {
   }
   event.accept();
   return !by_itself || alive.expired();
-}
-
-void OnLeave(NativeWindow& window, QEvent::Type type) {
-  TipsSeeMouse(window, type, pointer_state.position);
-  DeliverLeave(window);
 }
 
 /// The window manager, or the user by way of it, moved or sized the window.
@@ -146,7 +146,7 @@ void OnClose(NativeWindow& form) {
   }
 }
 
-/// Whether the event ends here.
+/// Returns true to keep the event from the form's widget.
 bool OnFormEvent(NativeWindow& form, QEvent& event) {
   switch (event.type()) {
     case QEvent::Close:
@@ -184,7 +184,7 @@ class WindowEvents : public QObject {
         return OnMouse(window, static_cast<QMouseEvent&>(event));
       case QEvent::Leave:
       case QEvent::Hide:
-        OnLeave(window, event.type());
+        DeliverLeave(window);
         return false;
       default:
         return window.form_state != nullptr && OnFormEvent(window, event);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QPoint>
-#include <Qt>
 
 class QWidget;
 
@@ -13,7 +12,7 @@ void WatchEvents(QWidget& widget);
 /// The pointer as the latest mouse event of any window showed it.
 struct PointerState {
   QPoint position;  ///< on the screen
-  Qt::MouseButtons buttons;
+  QPoint grip;      ///< of the latest press, in its top-level window
 };
 const PointerState& LastPointer();
 

@@ -3,15 +3,15 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/system.h"
+#include "platform/gdi.h"
 #include "platform/text.h"
 #include "toolkit/gdiplus.h"
+#include "toolkit/window.h"
+#include "widgets/cls_Tooltip.h"
 
 namespace nimbrel {
 
 using toolkit::Twips;
-
-ButtonDispatch DispatchClick = nullptr;
 
 namespace {
 
@@ -29,7 +29,7 @@ constexpr double kCaptionTop = 15;
 constexpr double kCaptionWidth = 85;
 constexpr double kCaptionHeight = 18;
 
-/// The frame that a state shows, -1 for text that is none.
+/// The frame that a state shows; -1 for any other text.
 int FrameOf(std::string_view state) {
   for (int frame = 0; frame < kFrameCount; ++frame) {
     if (kFrames[static_cast<std::size_t>(frame)] == state) {
@@ -97,8 +97,8 @@ void SkinnedButton::Wire(Part& part) {
   part.SetMouseIcon(toolkit::HandCursor());
   part.SetMousePointer(toolkit::kPointerCustom);
   part.MouseMove = [this](const toolkit::MouseEvent&) { PointerMoved(); };
-  part.MouseDown = [this](const toolkit::MouseEvent&) { Press(); };
-  part.DblClick = [this] { Press(); };
+  part.MouseDown = [this](const toolkit::MouseEvent&) { click_event(); };
+  part.DblClick = [this] { click_event(); };
   part.MouseUp = [this](const toolkit::MouseEvent&) { Release(); };
 }
 
@@ -138,16 +138,20 @@ void SkinnedButton::end_sub_class() {
   }
 }
 
-void SkinnedButton::click_event() { Press(); }
+void SkinnedButton::click_event() {
+  if (state_ != kDisabled) {
+    Setstate(kDown);
+  }
+}
 
 void SkinnedButton::Activate() {
-  Press();
+  click_event();
   Release();
 }
 
 void SkinnedButton::SetToolTip(std::string_view text) {
   std::int32_t visible_time = 10000;  // milliseconds
-  std::int32_t delay_time = 250;
+  std::int32_t delay_time = 250;      // milliseconds
   tooltip_.reset();
   tool_tip_ = text;
   tooltip_ = std::make_unique<cls_Tooltip>();
@@ -164,7 +168,9 @@ void SkinnedButton::SetToolTip(std::string_view text) {
 
 void SkinnedButton::Setpicture(std::string_view name) {
   picture_ = name;
-  pic_BG_.SetPicture(platform::ApplicationFolder() + "\\Media\\" + platform::Trim(name) + ".bmp");
+  if (context_ != nullptr) {
+    pic_BG_.SetPicture(context_->media + "\\" + platform::Trim(name) + ".bmp");
+  }
   DrawPlainStrip();
 }
 
@@ -190,8 +196,7 @@ void SkinnedButton::ShowFrame() {
   }
 }
 
-/// The strip keeps its whole height behind the button's own clipped area: the picture is as large
-/// as its four frames, or moving it up would show nothing.
+/// The strip is as high as its four frames and the button clips it: moving it up shows another one.
 void SkinnedButton::ForceSize() {
   const float width = Twips(look_.width);
   const float height = Twips(look_.height);
@@ -245,12 +250,6 @@ void SkinnedButton::PointerLeft() {
   }
 }
 
-void SkinnedButton::Press() {
-  if (state_ != kDisabled) {
-    Setstate(kDown);
-  }
-}
-
 void SkinnedButton::Release() {
   if (state_ == kDisabled) {
     return;
@@ -258,12 +257,12 @@ void SkinnedButton::Release() {
   const std::weak_ptr<const int> alive = alive_;
   try {
     Setstate(kHighlight);
-    if (form_ != nullptr && DispatchClick != nullptr) {
+    if (form_ != nullptr && context_ != nullptr && context_->dispatch) {
       const std::string form = form_->Name();
-      DispatchClick(look_.button_class, form, platform::LowerCase(button_type_));
+      context_->dispatch(look_.button_class, form, platform::LowerCase(button_type_));
     }
   } catch (...) {
-    // A failed action has no voice of its own; whoever has something to say has said it.
+    // The action itself shows what the user has to know of a failure.
   }
   if (alive.expired()) {
     return;
@@ -274,7 +273,9 @@ void SkinnedButton::Release() {
   }
 }
 
-void SetUpButton(SkinnedButton& button, toolkit::Form& form, const ButtonSetup& setup) {
+void SetUpButton(SkinnedButton& button, toolkit::Form& form, const ButtonContext& context,
+                 const ButtonSetup& setup) {
+  button.SetContext(context);
   button.SetLeft(Twips(setup.left));
   button.SetTop(Twips(setup.top));
   button.Setbutton_type(setup.button_type);

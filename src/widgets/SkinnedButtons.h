@@ -1,22 +1,31 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "toolkit/forms.h"
-#include "toolkit/window.h"
-#include "widgets/cls_Tooltip.h"
+
+namespace toolkit {
+class SmartSubClass;
+}
 
 namespace nimbrel {
 
-/// What a click of a skinned button does: given the class of the button, the name of its form and
-/// its button_type in lower case. The shell sets it at start; null does nothing. Exceptions that
-/// leave it end the click silently.
+class cls_Tooltip;
+
 enum class ButtonClass : unsigned char { kSmall, kMedium, kStandard, kLarge };
-using ButtonDispatch = void (*)(ButtonClass button_class, const std::string& form_name,
-                                const std::string& button_type);
-extern ButtonDispatch DispatchClick;
+
+/// What all buttons of a program share. The owner keeps it alive as long as any button.
+struct ButtonContext {
+  std::string media;  ///< the folder of the strips, without trailing separator
+  /// The action of a click: given the class of the button, the name of its form and its button_type
+  /// in lower case. Empty does nothing. An exception that leaves it ends the click silently.
+  std::function<void(ButtonClass button_class, const std::string& form_name,
+                     const std::string& button_type)>
+      dispatch;
+};
 
 /// The fixed values of a class, in pixels. The frame step is the height.
 struct ButtonLook {
@@ -34,19 +43,18 @@ class SkinnedButton : public toolkit::UserControl {
 
   /// Destroys the tooltip and ends the delivery of messages. May be called again.
   void end_sub_class();
-  /// What a press of the left button does.
+  /// A press of the mouse on the button, with any of its buttons.
   void click_event();
-  /// A whole click without the mouse, press and release. The button may be gone afterwards.
+  /// A whole click without the mouse, press and release. It may destroy the button.
   void Activate();
 
   const std::string& ToolTip() const { return tool_tip_; }
   void SetToolTip(std::string_view text);
   const std::string& picture() const { return picture_; }
-  /// Strip "\Media\" + name + ".bmp". A missing file leaves the picture in place; a button that
-  /// never had one draws itself plainly, with its caption or the first words of its tooltip.
+  /// Loads the strip `name` + ".bmp" from the context's folder. A missing file leaves the picture
+  /// in place; a button that never had one draws itself plainly, with its caption or the first
+  /// words of its tooltip.
   void Setpicture(std::string_view name);
-  const std::string& HelpText() const { return help_text_; }
-  void SetHelpText(std::string_view text) { help_text_ = text; }
   const std::string& state() const { return state_; }
   /// "enabled", "highlight", "down" or "disabled"; any other is stored and moves nothing.
   void Setstate(std::string_view state);
@@ -54,6 +62,8 @@ class SkinnedButton : public toolkit::UserControl {
   void Setform_name(toolkit::Form* form) { form_ = form; }
   const std::string& button_type() const { return button_type_; }
   void Setbutton_type(std::string_view type) { button_type_ = type; }
+  /// Without a context the button has no strip and a click does nothing.
+  void SetContext(const ButtonContext& context) { context_ = &context; }
 
  protected:
   const std::string& Caption() const { return caption_; }
@@ -68,10 +78,10 @@ class SkinnedButton : public toolkit::UserControl {
   void Wire(Part& part);
   void PointerMoved();
   void PointerLeft();
-  void Press();
   void Release();
 
   ButtonLook look_;
+  const ButtonContext* context_ = nullptr;
   toolkit::PictureBox pic_BG_;
   std::unique_ptr<toolkit::Label> Label1_;
   std::unique_ptr<toolkit::SmartSubClass> m_Sniff_;
@@ -81,10 +91,9 @@ class SkinnedButton : public toolkit::UserControl {
   std::string picture_;
   std::string state_ = "enabled";
   std::string tool_tip_;
-  std::string help_text_;
   std::string caption_;
   bool tracking_ = false;  ///< true while the button waits for the pointer to leave
-  /// Lives as long as the button: how a release sees that its own operation destroyed the button.
+  /// Lives as long as the button: a release sees by it that its action destroyed the button.
   std::shared_ptr<const int> alive_ = std::make_shared<const int>(0);
 };
 
@@ -107,7 +116,7 @@ using MediumButton = SizedButton<kMediumLook>;
 using StandardButton = SizedButton<kStandardLook>;
 using LargeButton = SizedButton<kLargeLook>;
 
-/// What an owner gives a button after placing it. `text` is for a MediumButton.
+/// What an owner gives a button after making it.
 struct ButtonSetup {
   double left;  ///< pixels in the container
   double top;
@@ -115,7 +124,9 @@ struct ButtonSetup {
   const char* picture;
   const char* tool_tip;
 };
-/// Places the button and sets it up in the fixed order, enabled.
-void SetUpButton(SkinnedButton& button, toolkit::Form& form, const ButtonSetup& setup);
+/// Places the button and sets it up in the fixed order, enabled. The button refers to `context`
+/// from then on.
+void SetUpButton(SkinnedButton& button, toolkit::Form& form, const ButtonContext& context,
+                 const ButtonSetup& setup);
 
 }  // namespace nimbrel

@@ -4,9 +4,13 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/gdi.h"
-#include "toolkit/forms.h"
+
+namespace toolkit {
+class Form;
+}
 
 namespace nimbrel {
 
@@ -32,27 +36,21 @@ class clsTransForm {
   /// Throws TransFormError.
   void ShapeMe(toolkit::Form& name, platform::ColorRef color, bool Load = false,
                std::string_view FileName = {});
-  /// Moves the window with the mouse while the left button (intButton 1) is held, then gives the
-  /// dragged form its default pointer back.
-  static void DragForm(toolkit::HWND hwnd, std::int16_t intButton);
+  /// For the form's MouseMove: moves its window with the mouse while the left button (intButton 1)
+  /// is held, and gives a form that shows its custom pointer the default one back.
+  static void DragForm(toolkit::Form& form, std::int16_t intButton);
 
  private:
   void PrepareForm();
-  toolkit::HRGN ScanRegion(platform::ColorRef color) const;
-  static void SaveRegionDataToFile(const toolkit::HRGN& region, std::string_view file);
-  static toolkit::HRGN LoadRegionDataFromFile(std::string_view file);
 
   toolkit::Form* form_ = nullptr;
   std::int32_t scale_height_ = 0;
   std::int32_t scale_width_ = 0;
 };
 
-/// The form that DragForm moves: its pointer is set back after a drag. Set by frm_Main's load.
-extern toolkit::Form* DraggedForm;
-
-/// ShapeMe from a region file under the program's folder, such as "\Media\MsgRegion.dat", with
-/// black as the key colour. A missing or damaged file leaves the window rectangular: a program
-/// without its outline can still be used, and one that ends in its form's load can't.
-void ShapeFromFile(clsTransForm& shape, toolkit::Form& form, std::string_view media_file);
+/// ShapeMe from a region file, with black as the key colour. A missing or damaged file leaves the
+/// window rectangular: a program without its outline can still be used, one that ends in its form's
+/// load can't.
+void ShapeFromFile(clsTransForm& shape, toolkit::Form& form, std::string_view file);
 
 }  // namespace nimbrel

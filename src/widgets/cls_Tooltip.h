@@ -1,46 +1,38 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
-#include "platform/gdi.h"
-#include "toolkit/forms.h"
-#include "toolkit/window.h"
+#include "toolkit/tip.h"
 
 namespace nimbrel {
 
-/// One native tooltip window, and what that window can't be asked for.
+/// The tooltip of a control made of others.
 class cls_Tooltip {
  public:
-  cls_Tooltip();
-  cls_Tooltip(const cls_Tooltip&) = delete;
-  cls_Tooltip& operator=(const cls_Tooltip&) = delete;
-  ~cls_Tooltip();
-
-  platform::ColorRef ForeColor() const { return fore_color_; }
+  platform::ColorRef ForeColor() const { return look_.fore_color; }
   void SetForeColor(platform::ColorRef color);
-  platform::ColorRef BackColor() const { return back_color_; }
+  platform::ColorRef BackColor() const { return look_.back_color; }
   void SetBackColor(platform::ColorRef color);
-  std::int32_t MaxWidth() const { return max_width_; }
+  std::int32_t MaxWidth() const { return look_.max_width; }
   void SetMaxWidth(std::int32_t lngMaxWidth);  ///< pixels
-  std::int32_t VisibleTime() const;
+  std::int32_t VisibleTime() const { return look_.visible_time; }
   void SetVisibleTime(std::int32_t& lngTime);  ///< milliseconds, clamped to 0..32767 in place
-  std::int32_t DelayTime() const;
+  std::int32_t DelayTime() const { return look_.delay; }
   void SetDelayTime(std::int32_t& lngTime);    ///< the same
   void SetFont(const toolkit::Font* objFont);  ///< null does nothing
 
   void Create(toolkit::HWND lngHwndParent);
-  void Destroy();
-  void AddControl(const toolkit::Control& ctlTool, std::string_view strCaption,
-                  bool blnCenterTip = false);
-  toolkit::HWND hWnd() const { return window_; }
+  void Destroy() { tip_.reset(); }
+  /// Shows the text on a control inside the parent. Before Create it does nothing.
+  void AddControl(const toolkit::Control& ctlTool, std::string_view strCaption);
 
  private:
-  toolkit::HWND window_ = nullptr;
-  std::int32_t max_width_ = 300;
-  toolkit::HFONT font_;
-  platform::ColorRef fore_color_ = 0;
-  platform::ColorRef back_color_ = 0;
+  void Apply();
+
+  toolkit::TipLook look_;
+  std::unique_ptr<toolkit::Tip> tip_;
 };
 
 }  // namespace nimbrel

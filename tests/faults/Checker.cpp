@@ -21,8 +21,8 @@ namespace {
 int g_faults_found = 0;
 
 void Complain(const std::string& what) {
-  constexpr int kMostShown = 30;
-  if (++g_faults_found <= kMostShown) {
+  constexpr int kMaxShown = 30;
+  if (++g_faults_found <= kMaxShown) {
     std::cout << "  WRONG: " << what << "\n    struck: " << g_shared->seen.struck
               << "\n    messages: " << g_shared->kinds << ' ' << g_shared->last_text << '\n';
   }
@@ -71,12 +71,11 @@ std::string Difference(const Tree& tree, const Tree& wanted) {
 
 int FaultsFound() { return g_faults_found; }
 
-Checker::Checker(const Scenario& scenario)
-    : scenario_(scenario), origin_(ReadTree(g_base / kBare)) {
+Checker::Checker(const Scenario& scenario) : scenario_(scenario), origin_(Files(g_base / kBare)) {
   Restore();
-  old_ = ReadTree(Simulator());
+  old_ = Files(Simulator());
   const int status = Run(scenario, {});
-  new_ = ReadTree(Simulator());
+  new_ = Files(Simulator());
   std::size_t changes = 0;
   bool left_over = false;
   for (const auto& [path, bytes] : new_) {
@@ -99,7 +98,7 @@ Checker::Checker(const Scenario& scenario)
 void Checker::ExpectOriginals() {
   const std::string_view task = scenario_.task;
   const Tree& wanted = task == kPutsIn ? old_ : origin_;
-  const std::string difference = task == "--remove"
+  const std::string difference = task == "remove"
                                      ? Difference(new_, wanted)
                                      : Difference(OutsideModules(new_), OutsideModules(wanted));
   if (!difference.empty()) {
@@ -169,7 +168,7 @@ void Checker::AfterKill(int status) const {
   if (!WIFSIGNALED(status) || WTERMSIG(status) != SIGKILL) {
     Complain("not killed, status " + std::to_string(status));
   }
-  EverythingWhole(ReadTree(Simulator()), true);
+  EverythingWhole(Files(Simulator()), true);
 }
 
 /// The history tells whether the install began. One that did not begin has changed nothing, and
@@ -203,7 +202,7 @@ void Checker::SetupWasHonest(int status, const Tree& tree) const {
 }
 
 void Checker::AfterFailure(int status, bool deletes_may_fail) const {
-  const Tree tree = ReadTree(Simulator());
+  const Tree tree = Files(Simulator());
   EverythingWhole(tree, deletes_may_fail);
   if (!WIFEXITED(status)) {
     Complain("ended by signal " + std::to_string(WTERMSIG(status)));
@@ -233,7 +232,7 @@ void Checker::AfterRepair() const {
   std::memcpy(struck, g_shared->seen.struck, sizeof struck);
   const int status = Run(scenario_, {});
   std::memcpy(g_shared->seen.struck, struck, sizeof struck);
-  Tree tree = ReadTree(Simulator());
+  Tree tree = Files(Simulator());
   const bool sets_up = scenario_.task != nullptr;
   if (!sets_up) {
     HistoryWasKept(tree);

@@ -29,7 +29,7 @@ class Checker {
 
   const Scenario& scenario_;
   Tree origin_;                  ///< the simulator before the first setup
-  std::set<std::string> store_;  ///< what nimbrel-setup keeps of it
+  std::set<std::string> store_;  ///< what nimbrelctl keeps of it
   Tree old_;
   Tree new_;
 };

@@ -1,26 +1,22 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
-#include <string>
 #include <string_view>
 
-/// The small but complete simulators that the runs of the fault harness start from.
+#include "support/World.h"
 
-/// Bytes of each file by its path below the root; folders have a slash behind their name.
-using Tree = std::map<std::string, std::string>;
-Tree ReadTree(const std::filesystem::path& root);
+/// The small but complete simulators that the runs of the fault harness start from.
 
 inline constexpr std::string_view kProgramFolder = "Addons/Nimbrel";
 inline constexpr std::string_view kInformation = "Addons/Nimbrel/nb_information.CFG";
 inline constexpr std::string_view kHistory = "Addons/Nimbrel/DATA/history.NBH";
 
-/// Makes the simulator at `root`, which must not be there: each file that an install replaces in an
+/// Makes the simulator at `root`, which must not exist: each file that an install replaces in an
 /// old form, names in another case than the program writes them, a history of two entries, one
 /// favourite, an older cloud texture, and the left-overs of a killed run in every folder.
 void MakeOldSimulator(const std::filesystem::path& root);
 
-// Where nimbrel-setup puts things.
+// Where nimbrelctl puts things.
 inline constexpr std::string_view kModules = "Modules/";
 inline constexpr const char* kSetUpFolder = "Modules/Nimbrel";
 inline constexpr const char* kProgramSetUp = "Modules/Nimbrel/nimbrel";
@@ -28,7 +24,7 @@ inline constexpr std::string_view kStore = "Modules/Nimbrel Originals/";
 inline constexpr std::string_view kStored = "Modules/Nimbrel Originals/files/";
 
 /// The same without the program, which with its pack goes into the folder `from`; two of the
-/// textures are not there.
+/// textures are missing.
 void MakeBareSimulator(const std::filesystem::path& root, const std::filesystem::path& from);
 /// What may happen to a simulator in use: names change their letter case, and runs are killed.
 void ChangeByHand(const std::filesystem::path& root);

@@ -45,10 +45,10 @@ std::string PathAt(int folder, const char* path) {
   return *path == '/' ? path : PathOf(folder) + '/' + path;
 }
 
-/// Previews are only read, hundreds of times, and one that can't be is left out.
+/// Artwork is only read, hundreds of times, and a missing picture is passed over.
 bool IsWatched(std::string_view path) {
   return path.starts_with(g_root) && (path.size() == g_root.size() || path[g_root.size()] == '/') &&
-         path.find("/Screen Shots/") == std::string_view::npos;
+         path.find("/Media/") == std::string_view::npos;
 }
 
 [[noreturn]] void Die() {

@@ -10,19 +10,14 @@
 #include <sstream>
 
 #include "FaultWorld.h"
-#include "history/frm_AddFavorite.h"
-#include "history/frm_Favorite.h"
-#include "platform/random.h"
-#include "platform/system.h"
-#include "randomizer/frm_RandomizerConstraints.h"
-#include "settings/Selection.h"
-#include "settings/mod_Main.h"
-#include "setup/Setup.h"
-#include "shell/MainSwitches.h"
+#include "app/mod_Main.h"
+#include "setup/Command.h"
 #include "shell/ShellWorld.h"
-#include "shell/frm_Main.h"
-#include "toolkit/desktop.h"
-#include "toolkit/forms.h"
+#include "shell/State.h"
+#include "shell/dialogs/frm_AddFavorite.h"
+#include "shell/pages/ConstraintPage.h"
+#include "shell/pages/frm_Favorite.h"
+#include "shell/pages/frm_Main.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
@@ -32,18 +27,16 @@ fs::path g_base;
 
 namespace {
 
-bool InstallOption(std::int16_t option, std::int16_t sun) {
-  for (auto& family : CurrentSelection) {
-    family.fill(option);
-  }
-  Switches().chk_Sun.SetValue(sun);
-  Switches().chk_Contrails.SetValue(1);
+bool InstallOption(std::int16_t option, bool sun) {
+  ui.CurrentSelection.values.fill(option);
+  Set(Loaded(ui.forms.main).chk_Sun, sun);
+  Set(Loaded(ui.forms.main).chk_Contrails, true);
   Press("frm_Main", "btn_Install");
   return true;
 }
 
 void ForbidFirstOptions() {
-  for (const auto& list : RandomizerPage(kCloud).lists) {
+  for (const auto& list : Loaded(ui.forms.constraints[Family::kCloud], Family::kCloud).lists) {
     list->list.SetSelected(0, false);
   }
 }
@@ -56,7 +49,7 @@ bool Randomize() {
 }
 
 bool LoadOldestAndInstall() {
-  toolkit::ComboBox& history = MainForm().combo_History;
+  toolkit::ComboBox& history = Loaded(ui.forms.main).combo_History;
   if (history.ListCount() == 0) {
     return false;
   }
@@ -67,14 +60,14 @@ bool LoadOldestAndInstall() {
 }
 
 bool SaveFavoriteAs(const char* title) {
-  QTimer::singleShot(0, [title] {
-    AddFavoriteForm().txt_Title.SetText(title);
+  PressAndThen("frm_Main", "btn_AddFavorite", [title] {
+    frm_AddFavorite& dialog = Loaded(ui.forms.add_favorite);
+    dialog.txt_Title.SetText(title);
     Press("frm_AddFavorite", "btn_Continue");
-    if (AddFavoriteForm().form.Visible()) {
+    if (dialog.form.Visible()) {
       Press("frm_AddFavorite", "btn_Cancel");
     }
   });
-  Press("frm_Main", "btn_AddFavorite");
   return true;
 }
 
@@ -86,31 +79,44 @@ bool DeleteFavorites() {
 
 bool Exit() {
   ForbidFirstOptions();
-  Switches().chk_DXT.SetValue(1);
-  Switches().chk_Fast.SetValue(0);
+  Set(Loaded(ui.forms.main).chk_DXT, true);
+  Set(Loaded(ui.forms.main).chk_Fast, false);
   Press("frm_Main", "btn_Exit");
   return false;
 }
 
-constexpr unsigned kMostSeconds = 60;
+constexpr unsigned kMaxSeconds = 60;
 
 std::string g_copied;  ///< the world that copies were made of
 int g_place = 0;       ///< which of them is the simulator of the run
 
-void HearSound(std::string_view alias) {
-  const std::size_t length = std::strlen(g_shared->kinds);
-  if (length + 1 < sizeof g_shared->kinds) {
-    g_shared->kinds[length] = alias.substr(std::strlen("System")).front();
+/// Which kind a message is of, by its first letter.
+char KindOf(const std::string& text) {
+  const auto says = [&text](const char* part) { return text.find(part) != std::string::npos; };
+  if (says("could not be put into Flight Simulator")) {
+    return kExclamation;
   }
-}
-
-std::uint64_t NextSeed() {
-  static std::uint64_t seed = 0;
-  return ++seed;
+  const bool calm = says("Do you wish to continue?") || says("have been ") || says("has been ");
+  return calm ? 'I' : kError;
 }
 
 void Tell(const std::string& text) {
+  std::memset(g_shared->last_text, 0, sizeof g_shared->last_text);
   text.copy(g_shared->last_text, sizeof g_shared->last_text - 1);
+}
+
+/// Keeps a message where the parent process finds it, whatever happens next.
+void Hear(const std::string& text) {
+  const std::size_t length = std::strlen(g_shared->kinds);
+  if (length + 1 < sizeof g_shared->kinds) {
+    g_shared->kinds[length] = KindOf(text);
+  }
+  Tell(text);
+}
+
+/// Repeatable numbers, so that each run draws the same.
+RandomSource Repeatable() {
+  return [seed = std::uint64_t{0}]() mutable { return RandomNumber(++seed); };
 }
 
 fs::path Program() {
@@ -119,22 +125,19 @@ fs::path Program() {
 }
 
 [[noreturn]] void PlayProgram(const Scenario& scenario, const faults::Plan& plan) {
-  platform::SetApplicationFolder(Program().string());
-  platform::SetClock([] { return 39087.5; });
-  platform::SetSeedSource(NextSeed);
-  toolkit::SetSoundListener(HearSound);
-  const Answers answers;
+  ui.Now = [] { return 39087.5; };
+  ui.random = Repeatable();
+  Answers answers;
+  answers.on_text = Hear;
   const auto arm = [&] { faults::Arm(Simulator().string(), plan, &g_shared->seen); };
   if (scenario.from_start) {
     arm();
   }
+  ui.folders = FoldersOf(Program().string());
   StartProgram();
   arm();
   const bool done = scenario.act();
   faults::Disarm();
-  if (!answers.texts.empty()) {
-    Tell(answers.texts.back());
-  }
   _exit(done ? 0 : 3);
 }
 
@@ -146,7 +149,7 @@ fs::path Program() {
   std::ostringstream err;
   faults::Arm(g_base.string(), plan, &g_shared->seen);
   const int status =
-      RunSetup({kPutsIn, scenario.task, Simulator().string()}, sources, {in, out, err});
+      RunCommand({scenario.task, "--yes", Simulator().string()}, sources, {in, out, err});
   faults::Disarm();
   Tell(err.str());
   _exit(status);
@@ -156,8 +159,8 @@ fs::path Program() {
 void UseWhatWasSetUp() {
   const Scenario steps[] = {
       {"", kBare, nullptr, 0, false, false, kPutsIn},
-      {"", kBare, [] { return InstallOption(2, 0); }, 0, true, false},
-      {"", kBare, [] { return InstallOption(1, 1); }, 0, true, false},
+      {"", kBare, [] { return InstallOption(2, false); }, 0, true, false},
+      {"", kBare, [] { return InstallOption(1, true); }, 0, true, false},
   };
   for (const Scenario& step : steps) {
     if (Run(step, {}) != 0) {
@@ -171,17 +174,17 @@ void UseWhatWasSetUp() {
 }  // namespace
 
 const Scenario kAllScenarios[kScenarios] = {
-    {"install", kUsed, [] { return InstallOption(1, 1); }, 18, true, true},
-    {"randomize", kUsed, Randomize, 19, true, false},
+    {"install", kUsed, [] { return InstallOption(1, true); }, 18, true, true},
+    {"randomize", kUsed, Randomize, 20, true, false},
     {"history", kUsed, LoadOldestAndInstall, 19, true, false},
     {"favorite_new", kUsed, [] { return SaveFavoriteAs("New"); }, 1, false, false},
     {"favorite_over", kUsed, [] { return SaveFavoriteAs("Taken"); }, 1, false, false},
     {"favorite_delete", kUsed, DeleteFavorites, 1, false, false},
     {"exit", kUsed, Exit, 1, false, false},
-    {"setup", kBare, nullptr, 127, false, true, kPutsIn},
+    {"setup", kBare, nullptr, 111, false, true, kPutsIn},
     {"setup_again", kExtended, nullptr, 3, false, true, kPutsIn},
-    {"restore", kInstalled, nullptr, 17, false, true, "--restore"},
-    {"remove", kInstalled, nullptr, 147, false, true, "--remove"},
+    {"restore", kInstalled, nullptr, 17, false, true, "restore"},
+    {"remove", kInstalled, nullptr, 131, false, true, "remove"},
 };
 
 bool WasShown(char kind) { return std::strchr(g_shared->kinds, kind) != nullptr; }
@@ -193,7 +196,7 @@ int Run(const Scenario& scenario, const faults::Plan& plan) {
   std::cout.flush();
   const pid_t child = fork();
   if (child == 0) {
-    alarm(kMostSeconds);
+    alarm(kMaxSeconds);
     const int log = ::open((g_base / "log").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     dup2(log, STDERR_FILENO);
     dup2(log, STDOUT_FILENO);

@@ -11,7 +11,7 @@
 /// Folders below the base, each a whole simulator to start a run from (FaultWorld.h).
 inline constexpr const char* kUsed = "used";            ///< the program used in it for a while
 inline constexpr const char* kBare = "bare";            ///< without the program
-inline constexpr const char* kInstalled = "installed";  ///< by nimbrel-setup, then textures changed
+inline constexpr const char* kInstalled = "installed";  ///< by nimbrelctl, then textures changed
 inline constexpr const char* kExtended = "extended";    ///< the same with a set of the user's more
 
 struct Scenario {
@@ -21,9 +21,9 @@ struct Scenario {
   std::size_t changes;  ///< files and folders that an undisturbed run leaves changed
   bool installs;        ///< changes the simulator's textures by an install
   bool from_start;      ///< calls count from the program's start, not from the user's first press
-  const char* task = nullptr;  ///< option for nimbrel-setup, when it is that which runs
+  const char* task = nullptr;  ///< subcommand of nimbrelctl, if that is what runs
 };
-inline constexpr const char* kPutsIn = "--yes";  ///< which it is told anyway
+inline constexpr const char* kPutsIn = "setup";
 inline constexpr std::size_t kScenarios = 11;
 extern const Scenario kAllScenarios[kScenarios];
 
@@ -31,7 +31,7 @@ extern const Scenario kAllScenarios[kScenarios];
 struct Shared {
   faults::Seen seen;
   char kinds[64];        ///< first letters of the kinds of sound that the messages made
-  char last_text[1000];  ///< the last message, or what nimbrel-setup complained of
+  char last_text[1000];  ///< the last message, or what nimbrelctl complained of
 };
 extern Shared* g_shared;
 inline constexpr char kExclamation = 'E';

@@ -1,5 +1,5 @@
 /// The fault harness. It runs the program's own code on a small simulator, pressing its buttons,
-/// and that of nimbrel-setup, and strikes at every call that touches a file:
+/// and that of nimbrelctl, and strikes at every call that touches a file:
 ///
 ///   test_faults [--kill N] [--fail N] [SCENARIO...]
 ///
@@ -11,7 +11,7 @@
 ///    lost. Nothing but the program's own temporary names is left over.
 ///  - Failing: the same, no crash, an end within a minute, and when the simulator did not get all
 ///    of an install, a message of kind "Exclamation" that counts the files, or "Error".
-///  - nimbrel-setup besides: it says that it is done only when it is, and why not when it fails.
+///  - nimbrelctl besides: it says that it is done only when it is, and why not when it fails.
 ///    The originals are in the store as long as the program stands there or anything is not as it
 ///    was. A restore gives back the simulator's names and bytes, a removal leaves nothing else.
 ///  - After both: the next start works, doing the same once more brings what an undisturbed run

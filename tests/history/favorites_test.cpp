@@ -1,226 +1,148 @@
-#include "history/mod_Favorites.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cerrno>
-#include <fstream>
+#include <filesystem>
+#include <string>
 
-#include "platform/system.h"
-#include "settings/Functions_Configuration.h"
-#include "settings/Selection.h"
-#include "shell/MainSwitches.h"
-#include "shell/frm_Msg.h"
-#include "support/SimulatorTree.h"
-#include "support/recorders.h"
+#include "history/FavoriteStore.h"
+#include "settings/Failure.h"
+#include "support/World.h"
 
 using namespace nimbrel;
 namespace fs = std::filesystem;
 
 namespace {
 
-/// A program with an empty Favorites folder, at a fixed moment.
-struct Store {
-  Store() {
-    fs::create_directories(Folder());
-    platform::SetClock([] { return 45000.25; });
-    FavoriteEntries.clear();
-    FavoritePaths.clear();
-    FavoriteLastIndex = -1;
+struct Favorites : testing::Test {
+  Favorites() { world.MakeFolders(); }
+  fs::path File(std::string_view name) const { return world.Program("Favorites") / name; }
+  /// The path under which the title is saved now.
+  std::string Save(std::string_view title, std::string_view description = "",
+                   const SettingsRecord& record = {}) const {
+    std::string path = FavoritePath(title, world.folders());
+    WriteFavoriteFile(path, {std::string(title), std::string(description), record});
+    return path;
   }
-  ~Store() { platform::SetClock(nullptr); }
-  fs::path Folder() const { return tree.Program("Favorites"); }
-  fs::path File(std::string_view name) const { return Folder() / name; }
+  std::vector<Favorite> Read() const { return ReadFavoriteFiles(world.folders()); }
 
-  SimulatorTree tree;
+  World world;
 };
 
-SettingsRecord Numbered(std::int16_t first) {
-  SettingsRecord record;
-  for (const auto field : kRecordFields) {
-    record.*field = first++;
-  }
-  return record;
-}
-
-std::string Bytes(const FavoriteRecord& favorite) {
-  const auto bytes = EncodeFavorite(favorite);
-  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
-TEST(Favorites, FileIsThreeFieldsAtFixedPlaces) {
-  const Store store;
-  CurrentSelection[0] = {1, 2, 3, 4};
-  Switches().chk_Sun.SetValue(1);
-  ASSERT_TRUE(SaveFavorite(kFavoriteOfSelection, "  Caf\xC3\xA9 (\xE2\x82\xAC \xE2\x98\x83) ",
-                           " one\r\ntwo "));
-  const std::string bytes = ReadText(store.File("Caf\xC3\xA9_\xE2\x82\xAC_\xE2\x98\x83.nbf"));
+TEST_F(Favorites, FileIsThreeFieldsAtFixedPlaces) {
+  const SettingsRecord record{45000.25, kFromFavorite, {{{1, 2, 3, 4}}, true, false}};
+  Save("  Caf\xC3\xA9 (\xE2\x82\xAC \xE2\x98\x83) ", " one\r\ntwo ", record);
   std::string expected(1315, '\0');
   expected.replace(0, 10, "Caf\xE9 (\x80 ?)");
   expected.replace(255, 8, "one\r\ntwo");
-  // 45000.25 as a double, then source, solid, wispy, stratus, cirrus; the sun at the 13th number.
-  constexpr unsigned char kDate[] = {0, 0, 0, 0, 8, 0xF9, 0xE5, 0x40};
-  expected.replace(1279, 8, std::string(std::begin(kDate), std::end(kDate)));
-  constexpr int kNumbers[] = {2, 1, 3, 2, 4, 0, 0, 0, 0, 0, 0, 0, 1, 0};
-  for (std::size_t i = 0; i < std::size(kNumbers); ++i) {
-    expected[1287 + 2 * i] = static_cast<char>(kNumbers[i]);
-  }
-  EXPECT_EQ(expected, bytes);
+  const auto settings = EncodeRecord(record);
+  expected.replace(1279, 36, reinterpret_cast<const char*>(settings.data()), settings.size());
+  EXPECT_EQ(expected, ReadText(File("Caf\xC3\xA9_\xE2\x82\xAC_\xE2\x98\x83.nbf")));
+  ASSERT_EQ(1U, Read().size());
+  EXPECT_EQ(record, Read()[0].record.Settings);
+  EXPECT_EQ("one\r\ntwo", Read()[0].record.Description);
+
+  const auto full = EncodeFavorite({std::string(300, 't'), std::string(2000, 'd'), {}});
+  EXPECT_EQ(std::string(254, 't'), DecodeFavorite(full).Title) << "a field's last byte stays zero";
+  EXPECT_EQ(std::string(1023, 'd'), DecodeFavorite(full).Description);
 }
 
-TEST(Favorites, OfTheRandomizerHoldsItsRecordDatedNow) {
-  const Store store;
-  RandomizerRecord = Numbered(3);
-  RandomizerRecord.Date = 1;
-  RandomizerRecord.Source = 1;
-  RandomizerRecord.Contrails = 1;
-  ASSERT_TRUE(SaveFavorite(kFavoriteOfRandomizer, "r", ""));
-  ReadFavorites();
-  SettingsRecord expected = RandomizerRecord;
-  expected.Date = 45000.25;
-  expected.Source = 2;
-  ASSERT_EQ(0, FavoriteLastIndex);
-  EXPECT_EQ(expected, FavoriteEntries[0].Settings);
-  LoadFavorite(0);
-  LoadFavorite(1);
-  LoadFavorite(-1);
-  EXPECT_EQ(3, CurrentSelection[0][0]);
-  EXPECT_EQ(1, Recorded.refreshes);
-}
-
-TEST(Favorites, FileNameComesFromTheTitle) {
-  struct Row {
-    const char* title;
-    const char* name;
-  };
-  constexpr Row kRows[] = {
+TEST_F(Favorites, FileNameComesFromTheTitle) {
+  const std::pair<const char*, const char*> rows[] = {
       {"Sky (new), two", "Sky_new_two.nbf"},
       {"  \t ", "\t.nbf"},
       {"", ".nbf"},
       {"..\\..\\Texture/sun", "....Texturesun.nbf"},
       {"[a]:;=*'\"b", "ab.nbf"},
       {"a<>|?b", "a<>|?b.nbf"},
-      {"Enter a Title for this Favorite", "Enter_a_Title_for_this_Favorite.nbf"},
   };
-  for (const Row& row : kRows) {
-    EXPECT_EQ(row.name, FavoriteFileName(row.title)) << row.title;
+  for (const auto& [title, name] : rows) {
+    EXPECT_EQ(name, FavoriteFileName(title)) << title;
   }
 }
 
-TEST(Favorites, NothingIsWrittenUnderANameThatIsNone) {
-  const Store store;
-  WriteText(store.tree.Program("outside.txt"), "kept");
-  fs::create_symlink("../outside.txt", store.File("link.nbf"));
-  fs::create_symlink("../nowhere.txt", store.File("dangling.nbf"));
-  fs::create_directories(store.File("folder.nbf"));
-  const std::string long_title(254, 'x');
-  const std::string with_null("a\0b", 3);
-  Recorded.on_message = [] { MessageAnswer = 1; };
+TEST_F(Favorites, NoFileIsWrittenUnderAnUnusableName) {
+  WriteText(world.Program("outside.txt"), "kept");
+  fs::create_symlink("../outside.txt", File("link.nbf"));
+  fs::create_symlink("../nowhere.txt", File("dangling.nbf"));
+  fs::create_directories(File("folder.nbf"));
+  const Tree before = Files(world.Program());
   for (const std::string& title :
-       {std::string("link"), std::string("dangling"), std::string("folder"), long_title, with_null,
-        std::string("a\nb"), std::string("\x7F")}) {
-    EXPECT_THROW(SaveFavorite(kFavoriteOfSelection, title, "d"), RunTimeFailure) << title;
+       {std::string("link"), std::string("dangling"), std::string("folder"), std::string(254, 'x'),
+        std::string("a\0b", 3), std::string("a\nb"), std::string("\x1F"), std::string("\x7F")}) {
+    EXPECT_THROW(Save(title), ActionFailed) << title;
   }
-  Recorded.on_message = nullptr;
-  EXPECT_EQ("kept", ReadText(store.tree.Program("outside.txt")));
-  EXPECT_FALSE(fs::exists(store.tree.Program("nowhere.txt")));
-  EXPECT_EQ(3, std::distance(fs::directory_iterator(store.Folder()), {}));
-  for (const char* title : {".", "..", "~"}) {
-    EXPECT_TRUE(SaveFavorite(kFavoriteOfSelection, title, "")) << title;
-    EXPECT_TRUE(fs::exists(store.File(FavoriteFileName(title))));
+  EXPECT_EQ(before, Files(world.Program()));
+  for (const char* title : {".", "..", "~", ""}) {
+    Save(title);
+    EXPECT_TRUE(fs::exists(File(FavoriteFileName(title)))) << title;
   }
 }
 
-TEST(Favorites, OldFileIsReplacedOnlyAtTheUsersWord) {
-  const Store store;
-  ASSERT_TRUE(SaveFavorite(kFavoriteOfSelection, "Sky (one)", "old"));
-  const std::string old = ReadText(store.File("Sky_one.nbf"));
-  for (const std::int16_t answer : {std::int16_t{0}, std::int16_t{-1}}) {
-    Recorded.on_message = [answer] { MessageAnswer = answer; };
-    EXPECT_FALSE(SaveFavorite(kFavoriteOfSelection, "SKY one", "new"));
-    EXPECT_EQ(-1, MessageAnswer);
-    EXPECT_EQ(old, ReadText(store.File("Sky_one.nbf")));
-  }
-  Recorded.on_message = [] { MessageAnswer = 1; };
-  platform::SetFailureHook(
-      [](const char* step, const char*) { return std::string_view(step) == "write" ? ENOSPC : 0; });
-  EXPECT_THROW(SaveFavorite(kFavoriteOfSelection, "SKY one", "new"), RunTimeFailure);
-  platform::SetFailureHook(nullptr);
-  EXPECT_EQ(old, ReadText(store.File("Sky_one.nbf")));
-  EXPECT_TRUE(SaveFavorite(kFavoriteOfSelection, "SKY one", "new"));
-  Recorded.on_message = nullptr;
-  ReadFavorites();
-  ASSERT_EQ(0, FavoriteLastIndex);
-  EXPECT_EQ("SKY one", FavoriteEntries[0].Title);
-  EXPECT_EQ("new", FavoriteEntries[0].Description);
-  EXPECT_EQ("Overwrite Favorites Collection?", Recorded.messages.back().title);
-  EXPECT_TRUE(Recorded.messages.back().cancel);
+TEST_F(Favorites, ATitleInAnotherCaseIsTheSameFile) {
+  EXPECT_FALSE(FavoriteExists(FavoritePath("SKY one", world.folders())));
+  Save("Sky (one)", "old");
+  const std::string path = FavoritePath("SKY one", world.folders());
+  EXPECT_TRUE(FavoriteExists(path));
+  ASSERT_EQ(0, chmod(File("Sky_one.nbf").c_str(), 0444));
+  EXPECT_THROW(Save("SKY one", "new"), ActionFailed);
+  EXPECT_EQ(platform::FileStatus::kReadOnly, DeleteFavoriteFile(path));
+  EXPECT_EQ("old", Read().at(0).record.Description);
+  ASSERT_EQ(0, chmod(File("Sky_one.nbf").c_str(), 0644));
+  Save("SKY one", "new");
+  ASSERT_EQ(1U, Read().size());
+  EXPECT_EQ("SKY one", Read()[0].record.Title);
+  EXPECT_EQ("new", Read()[0].record.Description);
 }
 
-TEST(Favorites, MissingFolderIsEmptyAndMadeByASave) {
-  const Store store;
-  fs::remove(store.Folder());
-  ReadFavorites();
-  EXPECT_EQ(-1, FavoriteLastIndex);
-  EXPECT_TRUE(SaveFavorite(kFavoriteOfSelection, "", ""));
-  ReadFavorites();
-  ASSERT_EQ(0, FavoriteLastIndex);
-  EXPECT_EQ("", FavoriteEntries[0].Title);
-  EXPECT_TRUE(FavoritePaths[0].ends_with("\\Favorites\\.nbf"));
+TEST_F(Favorites, MissingFolderIsEmptyAndMadeByASave) {
+  fs::remove(world.Program("Favorites"));
+  EXPECT_TRUE(Read().empty());
+  const std::string path = Save("a");
+  ASSERT_EQ(1U, Read().size());
+  EXPECT_EQ(path, Read()[0].path);
+  EXPECT_EQ(platform::FileStatus::kOk, DeleteFavoriteFile(path));
+  EXPECT_TRUE(Read().empty());
+  EXPECT_EQ(platform::FileStatus::kOk, DeleteFavoriteFile(path)) << "it is gone already";
 }
 
-TEST(Favorites, WhateverLiesInTheFolderIsReadAsFarAsItGoes) {
-  const Store store;
-  const std::string whole = Bytes({"T", "D", Numbered(-3)});
-  std::string full = whole;
-  full.replace(0, 255, std::string(255, 'f'));
+TEST_F(Favorites, WhateverIsInTheFolderIsReadAsFarAsItGoes) {
+  const auto bytes = EncodeFavorite({"T", "D", {0, 0, {{{-3}}, false, false}}});
+  const std::string whole(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  const std::string full = std::string(whole).replace(0, 255, 255, 'f');
   struct Row {
-    const char* name;
-    std::string bytes;
-    std::string title;
-    std::string description;
-    std::int16_t solid;
+    std::string name, bytes, title, description;
+    int solid;
   };
-  const Row rows[] = {{"a_short.txt", "Ti", "Ti", "", 0},
-                      {"b_cut.nbf", whole.substr(0, 1289), "T", "D", 0},
-                      {"c_long.nbf", whole + std::string(5000, 'x'), "T", "D", -3},
-                      {"d_full.nbf", full, std::string(255, 'f'), "D", -3},
-                      {"e_empty", "", "", "", 0},
-                      {"f_huge.nbf", std::string(2 << 20, 'h'), "", "", 0},
-                      {"g_bytes.nbf", "\x01\x81\xFF\n", "\x01\xC2\x81\xC3\xBF\n", "", 0}};
+  const Row rows[] = {
+      {"a_short.txt", "Ti", "Ti", "", 0},
+      {"b_cut.nbf", whole.substr(0, 1289), "T", "D", 0},
+      {"c_long.nbf", whole + std::string(5000, 'x'), "T", "D", -3},
+      {"d_full.nbf", full, std::string(255, 'f'), "D", -3},
+      {"e_empty", "", "", "", 0},
+      {"f_limit.nbf", full + std::string((1 << 20) - full.size(), 'x'), full.substr(0, 255), "D",
+       -3},
+      {"g_huge.nbf", full + std::string((1 << 20) + 1 - full.size(), 'x'), "", "", 0},
+      {"h_bytes.nbf", "\x01\x81\xFF\n", "\x01\xC2\x81\xC3\xBF\n", "", 0}};
   for (const Row& row : rows) {
-    WriteText(store.File(row.name), row.bytes);
+    WriteText(File(row.name), row.bytes);
   }
-  fs::create_directories(store.File("h_folder.nbf"));
-  ASSERT_EQ(0, mkfifo(store.File("i_pipe.nbf").c_str(), 0600));
-  fs::create_symlink("/dev/zero", store.File("j_zero.nbf"));
-  fs::create_symlink("j_nowhere", store.File("k_dangling.nbf"));
-  fs::create_symlink("a_short.txt", store.File("l_link.nbf"));
-  WriteText(store.File("~nimbrel-999999999-7.tmp"), "left by a killed run");
-  ReadFavorites();
-  ASSERT_EQ(static_cast<int>(std::size(rows)), FavoriteLastIndex);
-  EXPECT_EQ("Ti", FavoriteEntries.back().Title) << "through a link to a file";
+  fs::create_directories(File("i_folder.nbf"));
+  ASSERT_EQ(0, mkfifo(File("j_pipe.nbf").c_str(), 0600));
+  fs::create_symlink("/dev/zero", File("k_zero.nbf"));
+  fs::create_symlink("a_short.txt", File("l_link.nbf"));
+  WriteText(File("~nimbrel-999999999-7.tmp"), "left by a killed run");
+  const std::vector<Favorite> favorites = Read();
+  ASSERT_EQ(std::size(rows) + 1, favorites.size());
+  EXPECT_EQ("Ti", favorites.back().record.Title) << "through a link to a file";
   for (std::size_t i = 0; i < std::size(rows); ++i) {
-    EXPECT_TRUE(FavoritePaths[i].ends_with(rows[i].name)) << FavoritePaths[i];
-    EXPECT_EQ(rows[i].title, FavoriteEntries[i].Title) << rows[i].name;
-    EXPECT_EQ(rows[i].description, FavoriteEntries[i].Description) << rows[i].name;
-    EXPECT_EQ(rows[i].solid, FavoriteEntries[i].Settings.Solid) << rows[i].name;
+    SCOPED_TRACE(rows[i].name);
+    const FavoriteRecord& record = favorites[i].record;
+    EXPECT_TRUE(favorites[i].path.ends_with(rows[i].name)) << favorites[i].path;
+    EXPECT_EQ(rows[i].title, record.Title);
+    EXPECT_EQ(rows[i].description, record.Description);
+    EXPECT_EQ(rows[i].solid, record.Settings.choice.option[Group::kSolid]);
   }
-}
-
-TEST(Favorites, ThousandFilesAreTakenAndOnlyTheChosenOneDeleted) {
-  const Store store;
-  for (int i = 0; i < 5000; ++i) {
-    WriteText(store.File("f" + std::to_string(1000 + i)), std::to_string(i));
-  }
-  ReadFavorites();
-  ASSERT_EQ(999, FavoriteLastIndex);
-  EXPECT_EQ("999", FavoriteEntries[999].Title);
-  for (const std::int32_t index : {7, 7, -1, 1000, 70000}) {
-    EXPECT_EQ(platform::FileStatus::kOk, DeleteFavorite(index));
-  }
-  EXPECT_FALSE(fs::exists(store.File("f1007")));
-  EXPECT_EQ(4999, std::distance(fs::directory_iterator(store.Folder()), {}));
+  EXPECT_FALSE(fs::exists(File("~nimbrel-999999999-7.tmp")));
 }
 
 }  // namespace

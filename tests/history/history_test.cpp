@@ -1,170 +1,130 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
-#include <cerrno>
-#include <cmath>
-#include <cstring>
+#include <bit>
 #include <filesystem>
-#include <fstream>
-#include <limits>
 #include <string>
 
-#include "history/mod_History.h"
-#include "platform/files.h"
-#include "platform/system.h"
-#include "settings/Functions_Configuration.h"
-#include "settings/Selection.h"
-#include "support/SimulatorTree.h"
-#include "support/recorders.h"
+#include "history/HistoryStore.h"
+#include "settings/Failure.h"
+#include "support/World.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
+using platform::FileStatus;
 
 namespace {
 
 constexpr std::string_view kFile = "Data/History.nbh";
+
+/// Its date is a signalling NaN, whose bits are not to change either.
+SettingsRecord Numbered(std::int16_t solid) {
+  return {std::bit_cast<double>(0x7FF0000000000001U), kFromUser, {{{{solid}}}, false, true}};
+}
 
 std::string Bytes(const SettingsRecord& record) {
   const auto bytes = EncodeRecord(record);
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-/// A file of `length` bytes whose records carry their number in Solid.
+/// A file of `length` bytes whose records are numbered from 0.
 std::string NumberedFile(std::size_t length) {
   std::string bytes;
   for (std::int16_t i = 0; bytes.size() < length; ++i) {
-    SettingsRecord record;
-    record.Solid = i;
-    record.Contrails = 1;
-    bytes += Bytes(record);
+    bytes += Bytes(Numbered(i));
   }
   return bytes.substr(0, length);
 }
 
 struct Length {
-  std::size_t bytes;
-  std::int16_t last_index;
-  std::int16_t newest;            ///< Solid of the newest entry
-  std::int16_t newest_contrails;  ///< its last field: 0 where the file ends before it
+  std::size_t bytes, entries;
+  std::int16_t newest;  ///< its number
+  bool whole;           ///< whether the file holds all of it
 };
 constexpr Length kLengths[] = {
-    {0, -1, 0, 0},     {35, -1, 0, 0},
-    {36, 0, 0, 1},     {54, 0, 0, 1},  // half an entry more: to even 0
-    {90, 2, 2, 0},                     // half an entry more: to even 2
-    {100, 2, 2, 0},    {1080, 29, 29, 1},
-    {1116, 29, 30, 1}, {5'000'000, 29, 7816, 0},
+    {0, 0, 0, false},   {35, 0, 0, false},    {36, 1, 0, true},
+    {54, 1, 0, true},                       // half an entry more
+    {55, 2, 1, false},  {90, 3, 2, false},  // half an entry more
+    {100, 3, 2, false}, {1080, 30, 29, true}, {1116, 30, 30, true},
 };
 
 TEST(History, LengthGivesEntriesByRounding) {
-  for (const auto& [bytes, last_index, newest, newest_contrails] : kLengths) {
+  const World world;
+  for (const auto& [bytes, entries, newest, whole] : kLengths) {
     SCOPED_TRACE(bytes);
-    const SimulatorTree tree;
-    WriteText(tree.Program(kFile), NumberedFile(bytes));
-    ReadHistory();
-    EXPECT_EQ(last_index, HistoryLastIndex);
-    ASSERT_EQ(static_cast<std::size_t>(last_index + 1), HistoryEntries.size());
-    if (!HistoryEntries.empty()) {
-      EXPECT_EQ(newest, HistoryEntries.back().Solid);
-      EXPECT_EQ(newest_contrails, HistoryEntries.back().Contrails);
+    WriteText(world.Program(kFile), NumberedFile(bytes));
+    const History history = ReadHistoryFile(world.folders());
+    ASSERT_EQ(entries, history.entries.size());
+    if (entries > 0) {
+      EXPECT_EQ(newest, history.entries.back().choice.option[Group::kSolid]);
+      EXPECT_EQ(whole, history.entries.back().choice.contrails);
     }
   }
+  fs::resize_file(world.Program(kFile), 16U << 20U);
+  EXPECT_EQ(30U, ReadHistoryFile(world.folders()).entries.size());
+  fs::resize_file(world.Program(kFile), (16U << 20U) + 1);
+  EXPECT_EQ(FileStatus::kTooLarge, ReadHistoryFile(world.folders()).status);
 }
 
-TEST(History, NoFileIsAnEmptyHistory) {
-  const SimulatorTree tree;
-  HistoryLastIndex = 5;
-  ReadHistory();
-  EXPECT_EQ(-1, HistoryLastIndex);
-  std::filesystem::create_directories(tree.Program(kFile));
-  ReadHistory();
-  EXPECT_EQ(-1, HistoryLastIndex) << "a folder of the name";
-}
-
-TEST(History, TheThirtyFirstEntryDropsTheOldest) {
-  const SimulatorTree tree;
-  std::filesystem::create_directories(tree.Program("Data"));
-  platform::SetClock([] { return 39999.0; });
-  for (std::int16_t i = 0; i < 31; ++i) {
-    CurrentSelection[kCloud][0] = i;
-    AppendHistory(0);
-    EXPECT_EQ(std::min<int>(i, 29), HistoryLastIndex);
+TEST(History, WithoutAFileIsEmptyAndKeepsThirtyEntries) {
+  const World world;
+  world.MakeFolders();
+  WriteText(world.Program("Data/~nimbrel-999999999-7.tmp"), "left by a killed run");
+  History history = ReadHistoryFile(world.folders());
+  EXPECT_EQ(FileStatus::kOk, history.status);
+  EXPECT_TRUE(fs::is_empty(world.Program("Data")));
+  std::string expected;
+  for (std::int16_t i = 0; i < 32; ++i) {
+    AppendToHistory(history, Numbered(i), world.folders());
+    expected += Bytes(Numbered(i));
+    expected.erase(0, i < 30 ? 0 : kRecordBytes);
+    EXPECT_EQ(expected, ReadText(world.Program(kFile)));
   }
-  const std::string file = ReadText(tree.Program(kFile));
-  EXPECT_EQ(1080U, file.size());
-  SettingsRecord first;
-  first.Date = 39999;
-  first.Solid = 1;
-  EXPECT_EQ(Bytes(first), file.substr(0, kRecordBytes));
-  const auto entries = HistoryEntries;
-  ReadHistory();
-  EXPECT_EQ(entries, HistoryEntries);
+  EXPECT_EQ(30U, history.entries.size());
 }
 
-TEST(History, EveryByteOfADateSurvives) {
-  const SimulatorTree tree;
-  std::string bytes;
-  for (const double date : {std::nan("7"), -std::numeric_limits<double>::infinity(), 1e300}) {
-    SettingsRecord record;
-    record.Date = date;
-    bytes += Bytes(record);
+/// The reason why an append fails, which must leave history and files as they are.
+std::string RefusalBy(const World& world, History& history) {
+  const History before = history;
+  const Tree files = Files(world.Program());
+  std::string reason;
+  try {
+    AppendToHistory(history, Numbered(9), world.folders());
+  } catch (const ActionFailed& failure) {
+    reason = failure.what();
   }
-  bytes += std::string("\x01\0\0\0\0\0\xF0\x7F", 8) + std::string(28, '\xFF');  // signalling
-  WriteText(tree.Program(kFile), bytes);
-  ReadHistory();
-  RandomizerRecord.Date = std::nan("");
-  AppendHistory(1);
-  EXPECT_EQ(bytes, ReadText(tree.Program(kFile)).substr(0, bytes.size()));
-  EXPECT_TRUE(std::isnan(HistoryEntries.back().Date));
-  LoadHistoryEntry(3);
-  EXPECT_EQ(-1, CurrentSelection[kWater][2]);
-}
-
-const char* failing_step = "";
-int FailStep(const char* step, const char*) {
-  return std::strcmp(step, failing_step) == 0 ? EIO : 0;
+  EXPECT_EQ(before.entries.size(), history.entries.size());
+  EXPECT_EQ(before.status, history.status);
+  EXPECT_EQ(files, Files(world.Program()));
+  return reason;
 }
 
 TEST(History, AFailedAppendChangesNothing) {
-  const SimulatorTree tree;
-  EXPECT_THROW(AppendHistory(0), RunTimeFailure) << "no Data folder";
-  EXPECT_EQ(-1, HistoryLastIndex);
-  WriteText(tree.Program(kFile), NumberedFile(72));
-  ReadHistory();
-  for (const char* step : {"open", "write", "flush", "rename"}) {
-    failing_step = step;
-    platform::SetFailureHook(FailStep);
-    EXPECT_THROW(AppendHistory(0), RunTimeFailure) << step;
-    EXPECT_EQ(1, HistoryLastIndex);
-    EXPECT_EQ(2U, HistoryEntries.size());
-    EXPECT_EQ(NumberedFile(72), ReadText(tree.Program(kFile))) << step;
-  }
+  const World world;
+  History history;
+  EXPECT_EQ("The history file has no destination folder.", RefusalBy(world, history));
+  WriteText(world.Program(kFile), NumberedFile(72));
+  history = ReadHistoryFile(world.folders());
+  ASSERT_EQ(0, chmod(world.Program(kFile).c_str(), 0444));
+  EXPECT_EQ("The history file is read-only.", RefusalBy(world, history));
+  fs::remove(world.Program(kFile));
+  fs::create_directories(world.Program(kFile));
+  EXPECT_EQ(FileStatus::kNotAFile, ReadHistoryFile(world.folders()).status);
+  EXPECT_EQ("The history file is not a file.", RefusalBy(world, history));
 }
 
 TEST(History, EntriesThatCouldNotBeReadAreNotReplaced) {
-  const SimulatorTree tree;
-  WriteText(tree.Program(kFile), NumberedFile(72));
-  // A link to itself can't be opened, and is no missing file either.
-  fs::rename(tree.Program(kFile), tree.Program("kept"));
-  fs::create_symlink(tree.Program(kFile), tree.Program(kFile));
-  ReadHistory();
-  EXPECT_THROW(AppendHistory(0), RunTimeFailure);
-  fs::rename(tree.Program("kept"), tree.Program(kFile));
-  EXPECT_EQ(-1, HistoryLastIndex);
-  AppendHistory(0);
-  EXPECT_EQ(2, HistoryLastIndex);
-  EXPECT_EQ(NumberedFile(72), ReadText(tree.Program(kFile)).substr(0, 72));
-}
-
-TEST(History, LoadsOnlyEntriesThatAreThere) {
-  const SimulatorTree tree;
-  WriteText(tree.Program(kFile), NumberedFile(72));
-  ReadHistory();
-  for (const int index : {-1, 2, 32767, -32768}) {
-    LoadHistoryEntry(static_cast<std::int16_t>(index));
-  }
-  EXPECT_EQ(0, Recorded.refreshes);
-  LoadHistoryEntry(1);
-  EXPECT_EQ(1, CurrentSelection[kCloud][0]);
-  EXPECT_EQ(1, Recorded.refreshes);
+  const World world;
+  WriteText(world.Program(kFile), NumberedFile(72));
+  const OrdinaryUser user(world.Simulator());
+  ASSERT_EQ(0, chmod(world.Program(kFile).c_str(), 0200));  // may be written and not read
+  History history = ReadHistoryFile(world.folders());
+  EXPECT_EQ(FileStatus::kNoPermission, history.status);
+  EXPECT_THROW(AppendToHistory(history, Numbered(9), world.folders()), ActionFailed);
+  ASSERT_EQ(0, chmod(world.Program(kFile).c_str(), 0600));
+  EXPECT_EQ(NumberedFile(72), ReadText(world.Program(kFile)));
+  AppendToHistory(history, Numbered(2), world.folders());
+  EXPECT_EQ(NumberedFile(108), ReadText(world.Program(kFile)));
 }
 
 }  // namespace

@@ -1,20 +1,27 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <string>
 
-#include "install/Functions_24bit.h"
-#include "install/Functions_8bit.h"
-#include "install/mod_CloudComposer.h"
-#include "platform/system.h"
-#include "settings/Functions_Configuration.h"
+#include "install/Install.h"
 #include "support/BmpFile.h"
-#include "support/TempFolder.h"
+#include "support/QuietProgress.h"
+#include "support/World.h"
 
 namespace fs = std::filesystem;
+using namespace nimbrel;
+using platform::FileStatus;
 
 namespace {
 
-constexpr std::array<const char*, 3> kNames{"solid", "stratus", "wispy"};
+/// Which input each sixteenth of a sheet comes from, row by row.
+constexpr std::string_view kMosaic = "1110222222000000";
+constexpr std::array<const char*, 3> kInputs{"solid", "stratus", "wispy"};
+
+int InputAt(int side, int x, int y) {
+  const int sixteenth = y * 4 / side * 4 + x * 4 / side;
+  return kMosaic.at(static_cast<std::size_t>(sixteenth)) - '0';
+}
 
 /// Each input has a colour of its own, shaded by place so that a shifted cell shows.
 std::uint32_t InputColor(int input, int x, int y) {
@@ -26,199 +33,125 @@ std::uint32_t InputAlpha(int input, int x, int y) {
   return static_cast<std::uint32_t>((x + 2 * y + 40 * input) % 256);
 }
 
-/// A program folder with three cloud inputs, those of stratus and wispy with their tables upside
-/// down.
-class Composer : public testing::Test {
- protected:
-  Composer() { platform::SetApplicationFolder(folder_.string()); }
-  ~Composer() override {
-    platform::SetApplicationFolder({});
-    nimbrel::ReleaseSheets();
-  }
-
-  fs::path Temp(const char* name) const { return folder_.path() / "TempBitmaps" / name; }
-
-  void WriteInput(int input, int side) const {
-    const std::string name = kNames.at(static_cast<std::size_t>(input));
-    const auto color = [=](int x, int y) { return InputColor(input, x, y); };
-    const auto alpha = [=](int x, int y) { return InputAlpha(input, x, y); };
-    WriteText(folder_ / (name + ".bmp"), ColorBmp(side, side, color).Bytes());
-    WriteText(folder_ / (name + "_a.bmp"), GreyBmp(side, side, input != 0, alpha).Bytes());
-  }
-
-  void Prepare(std::int16_t input) const {
-    const std::string path = folder_.string() + "\\" + kNames.at(static_cast<std::size_t>(input));
-    nimbrel::PrepareCloudInput(input, path + ".bmp", path + "_a.bmp");
-  }
-
-  void PrepareAll(int side) const {
-    for (std::int16_t input = 0; input < 3; ++input) {
-      WriteInput(input, side);
-      Prepare(input);
-    }
-  }
-
-  TempFolder folder_;
-};
-
-std::uint32_t Pixel(const std::string& texture, int side, int x, int y) {
-  std::uint32_t pixel = 0;
-  const auto row = static_cast<std::size_t>(side - 1 - y);
-  const std::size_t index = row * static_cast<std::size_t>(side) + static_cast<std::size_t>(x);
-  const std::size_t at = 74 + index * 4;
-  for (std::size_t i = 4; i-- > 0;) {
-    pixel = pixel << 8U | static_cast<unsigned char>(texture.at(at + i));
-  }
-  return pixel;
-}
-
-/// The corners of the six cells on a sheet of 16 x 16 units: left, top, right, bottom, input.
-constexpr std::array<std::array<int, 5>, 6> kCells{{{0, 0, 12, 4, 1},
-                                                    {12, 0, 16, 4, 0},
-                                                    {0, 4, 8, 12, 2},
-                                                    {8, 4, 16, 8, 2},
-                                                    {0, 12, 8, 16, 0},
-                                                    {8, 8, 16, 16, 0}}};
-
-TEST_F(Composer, EachCellComesFromItsInput) {
-  for (const int side : {512, 256}) {
-    SCOPED_TRACE(side);
-    PrepareAll(side);
-    nimbrel::ComposeCumulus(side == 512 ? 0 : 1, 0);
-    const std::string texture = ReadText(Temp("cumulus01.bmp"));
-    ASSERT_EQ(static_cast<std::size_t>(74 + side * side * 4), texture.size());
-    const int unit = side / 16;
-    for (const auto& [left, top, right, bottom, input] : kCells) {
-      for (const int x : {left * unit, right * unit - 1}) {
-        for (const int y : {top * unit, bottom * unit - 1}) {
-          EXPECT_EQ(InputColor(input, x, y) | InputAlpha(input, x, y) << 24U,
-                    Pixel(texture, side, x, y))
-              << x << ',' << y;
-        }
+/// A program with the three cloud inputs in both sizes, those of stratus and wispy with their
+/// colour tables upside down, and a simulator with an old texture.
+struct CloudWorld : World {
+  CloudWorld() {
+    for (int input = 0; input < 3; ++input) {
+      const auto color = [=](int x, int y) { return InputColor(input, x, y); };
+      const auto alpha = [=](int x, int y) { return InputAlpha(input, x, y); };
+      for (const auto& [side, suffix] : {std::pair(512, ""), std::pair(256, "_Fast")}) {
+        WriteText(Input(input, suffix), ColorBmp(side, side, color).Bytes());
+        WriteText(Input(input, std::string("_a") + suffix),
+                  GreyBmp(side, side, input != 0, alpha).Bytes());
       }
     }
-    EXPECT_FALSE(fs::exists(Temp("cumulus01_c.bmp")));
-    EXPECT_FALSE(fs::exists(Temp("cumulus01_a.bmp")));
+    WriteText(Simulator("Texture/cumulus01.bmp"), "old");
   }
-}
 
-TEST_F(Composer, CompressionChangesTheFormatOnly) {
-  PrepareAll(256);
-  nimbrel::ComposeCumulus(1, 1);
-  const std::string texture = ReadText(Temp("cumulus01.bmp"));
-  EXPECT_EQ(74U + 256 * 256, texture.size());
-  EXPECT_EQ("DXT3", texture.substr(30, 4));
-}
-
-std::string Headers(int side, std::uint32_t bits, std::size_t file_bytes, std::uint32_t offset) {
-  std::string file = "BM";
-  const auto extent = static_cast<std::uint32_t>(side);
-  for (const std::uint32_t field :
-       {static_cast<std::uint32_t>(file_bytes), 0U, offset, 40U, extent, extent, bits << 16U | 1U,
-        0U, extent * extent * bits / 8, 0U, 0U, 0U, 0U}) {
-    BmpFile::Put(file, field, 4);
+  fs::path Input(int input, const std::string& suffix) const {
+    const std::string name = kInputs.at(static_cast<std::size_t>(input));
+    return Program("Sets/" + name + ".0" + suffix + ".bmp");
   }
-  return file;
-}
+  fs::path Temp(const std::string& name) const { return Program("TempBitmaps/" + name); }
 
-TEST_F(Composer, SheetsAreSavedInTheirLayout) {
-  struct Size {
-    std::int16_t index;
-    int side;
-    std::size_t color_bytes;
-    std::size_t alpha_bytes;
-  };
-  for (const Size& size : {Size{0, 512, 786486, 263222}, Size{1, 256, 196662, 66614}}) {
-    SCOPED_TRACE(size.side);
-    PrepareAll(size.side);
-    ASSERT_TRUE(nimbrel::ComposeColorSheet(size.index));
-    ASSERT_TRUE(nimbrel::SaveSheet24(" sheet "));
-    ASSERT_TRUE(nimbrel::ComposeAlphaSheet(size.index));
-    ASSERT_TRUE(nimbrel::SaveSheet8("sheet_a"));
-    const std::string color = ReadText(Temp("sheet.bmp"));
-    const std::string alpha = ReadText(Temp("sheet_a.bmp"));
-    ASSERT_EQ(size.color_bytes, color.size());
-    ASSERT_EQ(size.alpha_bytes, alpha.size());
-    EXPECT_EQ(Headers(size.side, 24, size.color_bytes, 54), color.substr(0, 54));
-    EXPECT_EQ(Headers(size.side, 8, size.alpha_bytes, 1078), alpha.substr(0, 54));
-    EXPECT_EQ(ReadText(folder_ / "solid_a.bmp").substr(54, 1024), alpha.substr(54, 1024));
-    EXPECT_EQ(static_cast<char>(InputAlpha(0, 0, size.side - 1)), alpha.at(1078)) << "bottom left";
+  Report Run(bool fast = true, bool dxt = false) const {
+    QuietProgress progress;
+    return Install({}, {.dxt = dxt, .fast = fast}, catalogue, folders(), progress);
   }
-}
+  std::string Texture() const { return ReadText(Simulator("Texture/cumulus01.bmp")); }
 
-TEST_F(Composer, MissingStratusLeavesItsCellEmpty) {
-  WriteInput(0, 256);
-  WriteInput(2, 256);
-  for (std::int16_t input = 0; input < 3; ++input) {
-    Prepare(input);
+  Catalogue catalogue = Load(InformationText(1));
+};
+
+/// The pixels of a 32-bit texture, those of one input empty.
+std::string Pixels(int side, int missing) {
+  std::string pixels;
+  for (int y = side - 1; y >= 0; --y) {
+    for (int x = 0; x < side; ++x) {
+      const int input = InputAt(side, x, y);
+      const std::uint32_t pixel = InputColor(input, x, y) | InputAlpha(input, x, y) << 24U;
+      BmpFile::Put(pixels, input == missing ? 0 : pixel, 4);
+    }
   }
-  nimbrel::ComposeCumulus(1, 0);
-  const std::string texture = ReadText(Temp("cumulus01.bmp"));
-  EXPECT_EQ(0U, Pixel(texture, 256, 0, 0));
-  EXPECT_EQ(0U, Pixel(texture, 256, 191, 63));
-  EXPECT_EQ(InputColor(0, 192, 0) | InputAlpha(0, 192, 0) << 24U, Pixel(texture, 256, 192, 0));
+  return pixels;
 }
 
-TEST_F(Composer, WithoutSolidTheOldTextureStays) {
-  PrepareAll(256);
-  WriteText(Temp("cumulus01.bmp"), "old");
-  fs::remove(folder_ / "solid.bmp");
-  Prepare(0);
-  nimbrel::ComposeCumulus(1, 1);
-  EXPECT_EQ("old", ReadText(Temp("cumulus01.bmp")));
-  EXPECT_FALSE(fs::exists(Temp("cumulus01_c.bmp")));
-}
-
-TEST_F(Composer, WithoutAlphaTheColourSheetStaysBehind) {
-  for (std::int16_t input = 0; input < 3; ++input) {
-    WriteInput(input, 256);
-    fs::remove(folder_ / (std::string(kNames.at(static_cast<std::size_t>(input))) + "_a.bmp"));
-    Prepare(input);
+TEST(CloudComposer, EachCellComesFromItsInput) {
+  const CloudWorld world;
+  for (const int side : {512, 256}) {
+    EXPECT_TRUE(world.Run(side == 256).Whole());
+    EXPECT_TRUE(world.Texture().substr(74) == Pixels(side, -1)) << side;
   }
-  nimbrel::ComposeCumulus(1, 1);
-  EXPECT_TRUE(fs::exists(Temp("cumulus01_c.bmp")));
-  EXPECT_FALSE(fs::exists(Temp("cumulus01.bmp")));
+  EXPECT_EQ((Tree{{"cumulus01.bmp", world.Texture()}}), Files(world.Temp("")));
+  EXPECT_TRUE(world.Run(true, true).Whole());
+  EXPECT_EQ(74U + 256 * 256, world.Texture().size());
+  EXPECT_EQ("DXT3", world.Texture().substr(30, 4));
+  fs::remove(world.Input(1, "_Fast"));
+  EXPECT_TRUE(world.Run().Whole());
+  EXPECT_TRUE(world.Texture().substr(74) == Pixels(256, 1)) << "a missing stratus";
 }
 
-TEST_F(Composer, AnAlphaInputOfTrueColourHasNoTableToTake) {
-  PrepareAll(256);
-  fs::copy_file(folder_ / "solid.bmp", folder_ / "solid_a.bmp",
-                fs::copy_options::overwrite_existing);
-  Prepare(0);
-  nimbrel::ComposeCumulus(1, 1);
-  EXPECT_FALSE(fs::exists(Temp("cumulus01.bmp")));
+TEST(CloudComposer, SavesTheColourSheetAsABitmap) {
+  const CloudWorld world;
+  fs::remove(world.Input(0, "_a"));
+  world.Run(false);
+  const auto color = [](int x, int y) { return InputColor(InputAt(512, x, y), x, y); };
+  std::string expected = ColorBmp(512, 512, color).Bytes();
+  expected.replace(34, 4, std::string("\0\0\xC", 3) + '\0');  // the bytes of the pixels
+  EXPECT_TRUE(expected == ReadText(world.Temp("cumulus01_c.bmp")));
 }
 
-TEST_F(Composer, InputsOutsideTheProgramFolderAreNotRead) {
-  PrepareAll(256);
-  fs::create_directory(folder_ / "program");
-  platform::SetApplicationFolder((folder_ / "program").string());
-  const std::string path = folder_.string() + R"(\program\..\solid)";
-  nimbrel::PrepareCloudInput(0, path + ".bmp", path + "_a.bmp");
-  EXPECT_FALSE(nimbrel::ComposeColorSheet(1));
+void LoseColorTable(CloudWorld& world) {
+  fs::remove(world.Input(0, "_a_Fast"));
+  fs::copy(world.Input(0, "_Fast"), world.Input(0, "_a_Fast"));
+}
+void SpoilColor(CloudWorld& world) { WriteText(world.Input(0, "_Fast"), "no picture"); }
+void ClearCatalogue(CloudWorld& world) {
+  fs::copy(world.Input(0, "_Fast"), world.Program("_Fast.bmp"));
+  fs::copy(world.Input(0, "_a_Fast"), world.Program("_a_Fast.bmp"));
+  world.catalogue.options[Group::kSolid].clear();
+}
+void MoveOutside(CloudWorld& world) {
+  fs::copy(world.Input(0, "_Fast"), world.Simulator("x_Fast.bmp"));
+  fs::copy(world.Input(0, "_a_Fast"), world.Simulator("x_a_Fast.bmp"));
+  world.catalogue.options[Group::kSolid][0].Textures = "..\\..\\x";
+}
+void BlockSheet(CloudWorld& world) { fs::create_directories(world.Temp("cumulus01_c.bmp")); }
+
+TEST(CloudComposer, WithoutATextureThatOfAnEarlierRunServes) {
+  for (const auto& spoil : {LoseColorTable, SpoilColor, ClearCatalogue, MoveOutside, BlockSheet}) {
+    CloudWorld world;
+    spoil(world);
+    const Report report = world.Run();
+    EXPECT_EQ("No cumulus cloud texture could be made, so Flight Simulator keeps the one it has.",
+              report.error);
+    EXPECT_TRUE(report.failures.empty() && !report.Whole());
+    EXPECT_EQ("old", world.Texture());
+    WriteText(world.Temp("cumulus01.bmp"), "earlier");
+    EXPECT_TRUE(world.Run().Whole());
+    EXPECT_EQ("earlier", world.Texture());
+  }
+  const CloudWorld world;
+  WriteText(world.Program("TempBitmaps"), "a file in the folder's place");
+  EXPECT_EQ("The folder for temporary bitmaps could not be made.", world.Run().error);
 }
 
-TEST_F(Composer, WithoutAFolderForBitmapsTheRunEnds) {
-  WriteText(folder_ / "TempBitmaps", "a file where the folder should be");
-  EXPECT_THROW(Prepare(0), nimbrel::RunTimeFailure);
-}
-
-TEST_F(Composer, AFailedSaveEndsItQuietly) {
-  PrepareAll(256);
-  fs::create_directories(Temp("cumulus01_c.bmp"));
-  nimbrel::ComposeCumulus(1, 1);
-  EXPECT_FALSE(fs::exists(Temp("cumulus01.bmp")));
-  nimbrel::ReleaseSheets();
-  nimbrel::ReleaseSheets();
-  EXPECT_FALSE(nimbrel::SaveSheet24("gone"));
-}
-
-TEST_F(Composer, IgnoreIsNoAlphaFile) {
-  PrepareAll(256);
-  EXPECT_FALSE(nimbrel::LoadBitmap8(0, "IGNORE"));
-  EXPECT_TRUE(nimbrel::ComposeAlphaSheet(1)) << "the slot stays as it was";
-  EXPECT_FALSE(nimbrel::LoadBitmap8(3, folder_.string() + "\\solid_a.bmp"));
-  EXPECT_FALSE(nimbrel::ComposeColorSheet(2));
+TEST(CloudComposer, AfterAReadOrWriteErrorTheSimulatorKeepsItsOwn) {
+  const CloudWorld world;
+  WriteText(world.Temp("cumulus01.bmp"), "earlier");
+  const OrdinaryUser user(world.Simulator(".."));
+  for (const fs::path& path : {world.Input(1, "_Fast"), world.Input(2, "_a_Fast"),
+                               world.Program("Sets"), world.Program("TempBitmaps")}) {
+    const fs::perms before = fs::status(path).permissions();
+    fs::permissions(path, fs::perms::none);
+    const Report report = world.Run();
+    fs::permissions(path, before);
+    ASSERT_FALSE(report.failures.empty()) << path;
+    EXPECT_EQ("Texture\\cumulus01.bmp", report.failures.back().file);
+    EXPECT_EQ(FileStatus::kNoPermission, report.failures.back().status);
+    EXPECT_EQ("old", world.Texture());
+  }
 }
 
 }  // namespace

@@ -1,261 +1,276 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <map>
+#include <set>
 #include <string>
 
-#include "install/CopyFailures.h"
-#include "install/mod_CopyFiles.h"
-#include "install/mod_Install.h"
-#include "install/mod_SunContrails.h"
-#include "platform/files.h"
-#include "platform/system.h"
-#include "settings/Functions_Configuration.h"
-#include "settings/Selection.h"
-#include "shell/MainSwitches.h"
-#include "support/BmpFile.h"
-#include "support/SimulatorTree.h"
-#include "support/recorders.h"
-#include "toolkit/forms.h"
+#include "install/CopyPlan.h"
+#include "install/Install.h"
+#include "platform/FileSystem.h"
+#include "settings/Configuration.h"
+#include "support/QuietProgress.h"
+#include "support/World.h"
 
 namespace fs = std::filesystem;
 using namespace nimbrel;
+using platform::FileStatus;
 
 namespace {
 
-constexpr const char* kFolderGroups[] = {"cirrus", "sunrise", "day",         "sunset",
-                                         "night",  "base",    "environment", "waves"};
+int busy_renames = 0;  ///< how many to fail as if another process held the old file open
 
-/// A program with every source an install reads, and a simulator with every folder it writes, each
-/// file there in an old form.
+Choice AllOf(std::int16_t option) {
+  Choice choice;
+  choice.option.values.fill(option);
+  return choice;
+}
+
+/// The simulator's files, without the program and the composed texture.
+Tree Installed(const World& world) {
+  Tree tree = Files(world.Simulator());
+  std::erase_if(tree, [](const auto& entry) {
+    return entry.first.starts_with("Modules") || entry.first.ends_with('/') ||
+           entry.first.ends_with("cumulus01.bmp");
+  });
+  return tree;
+}
+
+TEST(Install, TakesTenLines) {
+  const World world;
+  WritePack(world.Program(), 1);
+  WriteCloudInputs(world.Program(), 1);
+  world.MakeFolders();
+  QuietProgress progress;
+  const Report report =
+      Install(AllOf(1), {.fast = true}, ReadCatalogue(world.folders()), world.folders(), progress);
+  EXPECT_TRUE(report.Whole());
+  EXPECT_EQ(11U, report.files) << "eight sets, two effects, one texture";
+  EXPECT_EQ("day 1", ReadText(world.Simulator("Texture/day.bmp")));
+}
+
+/// A program with every source but the cloud inputs, and a simulator with every folder.
 class Installing : public testing::Test {
  protected:
   Installing() {
-    tree.Load(InformationText(1));
-    Switches().chk_DXT.SetValue(0);
-    Switches().chk_Fast.SetValue(1);
-    Switches().chk_Sun.SetValue(1);
-    for (const std::string group : kFolderGroups) {
-      const bool deep = group == "base" || group == "environment";
-      PlaceSet("Sets/", group, ".0/", deep ? "Scenery/World/texture/" : "Texture/");
-    }
-    for (const std::string folder : {"Cld", "cumulus", "stratus"}) {
-      PlaceSet("Data/Clouds/", folder, "/", "Texture/");
-    }
-    Source("Data/Sun/sun.bmp", "Texture/sun.bmp");
-    for (const std::string input : {"solid", "stratus", "wispy"}) {
-      WriteInput("Sets/" + input + ".0");
-    }
-    WriteText(tree.Simulator("Texture/cumulus01.bmp"), kOld);
-    WriteText(tree.Simulator("Effects/fx_contrail_s.fx"), kOld);
-    WriteText(tree.Simulator("Effects/fx_contrail_L.fx"), kOld);
+    Fill(world);
+    catalogue = ReadCatalogue(world.folders());
+    catalogue.CloudDestination = "";
   }
 
-  /// A set of one texture that bears the set's name.
-  void PlaceSet(const std::string& parent, const std::string& name, const std::string& suffix,
-                const std::string& target) {
-    Source(parent + name + suffix + name + ".bmp", target + name + ".bmp");
-  }
-
-  void Source(const std::string& source, const std::string& target) {
-    WriteText(tree.Program(source), "new " + source);
-    WriteText(tree.Simulator(target), kOld);
-    new_text[target] = "new " + source;
-  }
-
-  /// The two small bitmaps of a cloud input.
-  void WriteInput(const std::string& path) {
-    const auto plain = [](int, int) { return 100U; };
-    WriteText(tree.Program(path + "_Fast.bmp"), ColorBmp(256, 256, plain).Bytes());
-    WriteText(tree.Program(path + "_a_Fast.bmp"), GreyBmp(256, 256, false, plain).Bytes());
-  }
-
-  /// Files that are old; every other must be new. Temporary ones fail the test when `no_rest`.
-  int OldFiles(bool no_rest = true) {
-    int old = 0;
-    for (const auto& [target, text] : new_text) {
-      const std::string found = ReadText(tree.Simulator(target));
-      EXPECT_TRUE(found == kOld || found == text) << target << ": " << found.substr(0, 40);
-      old += found == kOld ? 1 : 0;
+  static void Fill(const World& world) {
+    WritePack(world.Program(), 1);
+    world.MakeFolders();
+    for (const char* file : {"Cld/c.bmp", "cumulus/cu.bmp", "stratus/st.bmp"}) {
+      WriteText(world.Program("Data/Clouds") / file, file);
     }
-    for (const auto& entry : fs::recursive_directory_iterator(tree.Simulator(""))) {
-      EXPECT_FALSE(no_rest && entry.path().filename().string().starts_with("~nimbrel"))
-          << entry.path();
-    }
-    return old;
+    WriteText(world.Program("Data/Sun/sun.bmp"), "new sun");
+    WriteText(world.Program("Backups/TEX/sun.bmp"), "own sun");
   }
 
-  std::string Cumulus() { return ReadText(tree.Simulator("Texture/cumulus01.bmp")); }
+  Report Run(const Choice& choice, const World* other = nullptr) {
+    return Install(choice, {}, catalogue, (other != nullptr ? *other : world).folders(), bar);
+  }
 
-  static constexpr const char* kOld = "[Old]\r\nold=1\r\n";
-  SimulatorTree tree;
-  std::map<std::string, std::string> new_text;  ///< by the file's place in the simulator
+  const World world;
+  Catalogue catalogue;
+  QuietProgress bar;
 };
 
-TEST_F(Installing, RunsItsStepsInOrder) {
-  int hourglasses = 0;
-  Recorded.on_percent = [&] {
-    hourglasses += toolkit::Screen::MousePointer() == toolkit::kPointerHourglass ? 1 : 0;
-  };
-  InstallAndReport();
-  EXPECT_EQ(0, OldFiles());
-  EXPECT_TRUE(Cumulus().starts_with("BM"));
-  EXPECT_EQ(74U + 256 * 256 * 4, Cumulus().size());
-
-  const std::pair<double, const char*> expected[] = {
-      {0, "Copying Base Water files to"},         {20, "Copying Water Reflection files to"},
-      {24, "Copying Wave Height files to"},       {25, "Copying Sunrise Sky Textures to"},
-      {42, "Copying Day Sky Textures to"},        {52, "Copying Sunset Sky Textures to"},
-      {69, "Copying Night Sky Textures to"},      {73, "Copying Replacement Sun files to"},
-      {74, "Copying Cirrus Cloud Textures to"},   {79, "Copying CLD Cloud Textures to"},
-      {86, "Copying Cumulus Cloud Textures to"},  {91, "Copying Stratus Cloud Textures to"},
-      {94, "Creating Cumulus Cloud Texture for"}, {96, "Creating Cumulus Cloud Texture for"},
-      {98, "Creating Cumulus Cloud Texture for"}, {100, nullptr},
-  };
-  ASSERT_EQ(std::size(expected), Recorded.updates.size());
-  for (std::size_t i = 0; i < std::size(expected); ++i) {
-    const auto& [percent, work] = expected[i];
-    EXPECT_EQ(percent, Recorded.updates[i].percent);
-    const std::string text =
-        work == nullptr
-            ? "Completed copying environment files to Flight Simulator."
-            : std::string(work) + " flight simulator.  This process will take a few moments.";
-    EXPECT_EQ(text + "\r\rPlease stand by...", Recorded.updates[i].text);
+TEST_F(Installing, TwoChoicesIntoTwoSimulators) {
+  const World other;
+  Fill(other);
+  Choice changed = AllOf(1);
+  changed.option[Group::kNight] = 0;
+  changed.sun = changed.contrails = true;
+  const Report first = Run(AllOf(0));
+  const Report second = Run(changed, &other);
+  EXPECT_TRUE(first.Whole() && first.installed == AllOf(0));
+  EXPECT_TRUE(second.Whole() && second.installed == changed);
+  for (const bool here : {true, false}) {
+    const std::string option = here ? " 0" : " 1";
+    const std::string large = here ? "30.50,30.50" : "180.0,180.0";
+    const std::string small = here ? "1.50,1.50" : "180.0,180.0";
+    const Tree expected{{"Effects/fx_contrail_L.fx", "[Particle.0]\r\nLifetime=" + large + "\r\n"},
+                        {"Effects/fx_contrail_s.fx", "[Particle.0]\r\nLifetime=" + small + "\r\n"},
+                        {"Scenery/World/texture/base.bmp", "base" + option},
+                        {"Scenery/World/texture/environment.bmp", "environment" + option},
+                        {"Texture/c.bmp", "Cld/c.bmp"},
+                        {"Texture/cirrus.bmp", "cirrus" + option},
+                        {"Texture/cu.bmp", "cumulus/cu.bmp"},
+                        {"Texture/day.bmp", "day" + option},
+                        {"Texture/night.bmp", "night 0"},
+                        {"Texture/st.bmp", "stratus/st.bmp"},
+                        {"Texture/sun.bmp", here ? "own sun" : "new sun"},
+                        {"Texture/sunrise.bmp", "sunrise" + option},
+                        {"Texture/sunset.bmp", "sunset" + option},
+                        {"Texture/waves.bmp", "waves" + option}};
+    EXPECT_EQ(expected, Installed(here ? world : other));
   }
-  EXPECT_TRUE(std::is_sorted(Recorded.percents.begin(), Recorded.percents.end()));
-  EXPECT_EQ(Recorded.percents.size(), static_cast<std::size_t>(hourglasses));
-  EXPECT_EQ(toolkit::kPointerDefault, toolkit::Screen::MousePointer());
-
-  ASSERT_EQ(2U, Recorded.messages.size());
-  EXPECT_EQ("Progress", Recorded.messages[0].kind);
-  EXPECT_TRUE(Recorded.messages[0].progress);
-  EXPECT_EQ("Information", Recorded.messages[1].kind);
-  EXPECT_EQ(
-      "All environment files have been copied to Flight Simulator.\r\r"
-      "Please press the checkmark to continue.",
-      Recorded.messages[1].text);
-  EXPECT_EQ(1, Recorded.hides);
 }
 
-TEST_F(Installing, SwitchesShapeTheTextureAndTheSun) {
-  Switches().chk_DXT.SetValue(1);
-  Switches().chk_Sun.SetValue(0);
-  Switches().chk_Contrails.SetValue(1);
-  WriteText(tree.Program("Backups/TEX/sun.bmp"), "own");
-  InstallSettings();
-  EXPECT_EQ("DXT3", Cumulus().substr(30, 4));
-  EXPECT_EQ("own", ReadText(tree.Simulator("Texture/sun.bmp")));
-  EXPECT_TRUE(Recorded.updates.at(7).text.starts_with("Copying Sun files to"));
-  EXPECT_NE(std::string::npos,
-            ReadText(tree.Simulator("Effects/fx_contrail_L.fx")).find("Lifetime=180.0,180.0"));
-}
+TEST_F(Installing, TellsItsProgress) {
+  Run(AllOf(0));
+  ASSERT_EQ(16U, bar.sentences.size());
+  EXPECT_EQ(14U, std::set(bar.sentences.begin(), bar.sentences.end()).size());
+  const std::string moments = "  This process will take a few moments.\r\rPlease stand by...";
+  EXPECT_EQ("Copying Base Water files to flight simulator." + moments, bar.sentences[0]);
+  EXPECT_TRUE(bar.sentences[7].starts_with("Copying Sun files to"));
+  EXPECT_EQ("Creating Cumulus Cloud Texture for flight simulator." + moments, bar.sentences[14]);
+  EXPECT_EQ("Completed copying environment files to Flight Simulator.\r\rPlease stand by...",
+            bar.sentences[15]);
+  EXPECT_TRUE(std::is_sorted(bar.percents.begin(), bar.percents.end()));
+  EXPECT_EQ((std::set<double>{0, 20, 24, 25, 42, 52, 69, 73, 74, 79, 86, 91, 94, 96, 98, 100}),
+            std::set(bar.percents.begin(), bar.percents.end()))
+      << "each stage ends where the next begins, or stands still";
+  EXPECT_EQ(14, bar.breaths) << "once for each file: 8 in sets, 3 fixed, 3 suns";
 
-TEST_F(Installing, TellsWhatCouldNotBePutInPlace) {
-  for (const char* file : {"Texture/day.bmp", "Texture/cumulus01.bmp"}) {
-    ASSERT_EQ(0, chmod(tree.Simulator(file).c_str(), 0444));
+  for (int i = 0; i < 299; ++i) {
+    WriteText(world.Program("Sets/base.0/a") += std::to_string(1000 + i), "");
   }
-  InstallAndReport();
-  EXPECT_EQ(1, OldFiles());
-  EXPECT_EQ(kOld, Cumulus());
-  ASSERT_EQ(3U, Recorded.messages.size());
-  EXPECT_EQ("Information", Recorded.messages[1].kind);
-  EXPECT_EQ("Exclamation", Recorded.messages[2].kind);
-  EXPECT_EQ("Copying Files to Flight Simulator", Recorded.messages[2].title);
-  EXPECT_TRUE(Recorded.messages[2].text.starts_with("2 files ")) << Recorded.messages[2].text;
-  InstallSettings();
-  EXPECT_EQ(2U, CopyFailures.size()) << "those of the run before are forgotten";
+  bar = {};
+  Run({.option = {}, .sun = true, .contrails = false});
+  EXPECT_EQ("Copying Replacement Sun files to flight simulator." + moments, bar.sentences[7]);
+  EXPECT_NEAR(20.0 / 300, bar.percents[1], 1e-9) << "a step counts all that were found";
+  EXPECT_NEAR(20.0 / 3, bar.percents[100], 1e-9);
+  EXPECT_EQ(20, bar.percents[101]) << "only a hundred are copied, then the end is drawn";
+  EXPECT_EQ(20, bar.percents[102]);
+  EXPECT_EQ(14U + 100, Installed(world).size());
 }
 
-TEST_F(Installing, WithoutACloudTextureItEndsInAMessage) {
-  // Outside the catalogue: no input, and no stray "\.bmp" either.
-  for (const std::size_t input : {0U, 1U, 2U}) {
-    CurrentSelection[kCloud][input] = 7;
+TEST_F(Installing, ReplacesByNameAndKeepsTheRest) {
+  fs::rename(world.Simulator("Texture"), world.Simulator("texture"));
+  const std::string effect =
+      "[Library Effect]\nLifetime=5\n\n[PARTICLE.0]\nLifetime = 2.0, 2.0\nType=19\n";
+  WriteText(world.Simulator("texture/DAY.BMP"), "old");
+  WriteText(world.Simulator("texture/sun6.bmp"), "without a backup");
+  WriteText(world.Simulator("effects/FX_Contrail_S.fx"), effect);
+  fs::remove(world.Simulator("Effects"));
+  for (const char* file : {".hidden", " b ", " ", "sub/deep.bmp"}) {
+    WriteText(world.Program("Sets/day.0") / file, "new");
   }
-  WriteInput("");
-  InstallAndReport();
-  EXPECT_EQ(0, OldFiles());
-  EXPECT_EQ(kOld, Cumulus());
-  ASSERT_EQ(2U, Recorded.messages.size());
-  EXPECT_EQ("Error", Recorded.messages[1].kind);
-  EXPECT_TRUE(Recorded.messages[1].text.ends_with("\r\rPress the checkmark to continue."));
-  EXPECT_EQ(1, Recorded.hides);
-  EXPECT_EQ(toolkit::kPointerDefault, toolkit::Screen::MousePointer());
+  EXPECT_TRUE(Run(AllOf(0)).Whole());
+  Tree tree = Installed(world);
+  EXPECT_EQ("day 0", tree["texture/DAY.BMP"]);
+  EXPECT_EQ(With(effect, "2.0, 2.0", "1.50,1.50"), tree["effects/FX_Contrail_S.fx"]);
+  EXPECT_EQ("without a backup", tree["texture/sun6.bmp"]);
+  EXPECT_TRUE(tree.contains("texture/.hidden") && tree.contains("texture/b"));
+  EXPECT_EQ(14U + 3, tree.size()) << "and nothing else";
 }
 
-TEST_F(Installing, CleansUpAfterAKilledRunButOnlyInTheSimulator) {
-  const TempFolder elsewhere;
-  const std::string name = With(std::string(platform::kTemporaryPattern), "*", "0001");
-  WriteText(elsewhere / name, "not ours");
-  fs::create_directory_symlink(elsewhere.path(), tree.Simulator("links"));
-  Catalogue.DestinationCirrus = "links";
-  WriteText(tree.Simulator("Texture") / name, "half");
-  WriteText(tree.Simulator("Effects") / name, "half");
-  InstallSettings();
-  EXPECT_FALSE(fs::exists(tree.Simulator("Texture") / name));
-  EXPECT_FALSE(fs::exists(tree.Simulator("Effects") / name));
-  EXPECT_TRUE(fs::exists(elsewhere / name));
+TEST_F(Installing, AMissingFolderCopiesNothingInSilence) {
+  const World bare;
+  fs::create_directory(bare.Simulator("Texture"));
+  WriteText(bare.Program("stray.bmp"), "stray");
+  WriteText(bare.Program("Sets/sunset.0"), "a file, no folder");
+  WriteText(bare.Program("Sets/base.0/b.bmp"), "its destination is missing");
+  catalogue.options[Group::kSunrise][0].Textures = "";
+  catalogue.options[Group::kNight][0].Textures = ".";
+  catalogue.DestinationWaves = ".";
+  WriteText(bare.Program("Sets/waves.0/w.bmp"), "its destination is the simulator");
+  Choice choice;
+  choice.option[Group::kDay] = 2;
+  choice.option[Group::kCirrus] = -1;
+  const Report report = Run(choice, &bare);
+  EXPECT_TRUE(report.Whole() && report.files == 0 && Installed(bare).empty());
 }
 
-int steps_left = 0;
-int FailOneStep(const char*, const char* path) {
-  return std::string_view(path).find("TempBitmaps") == std::string_view::npos && steps_left-- == 0
-             ? EIO
-             : 0;
-}
-
-TEST_F(Installing, AFailingStepCostsOneFileThatIsTold) {
-  int step = 0;
-  for (; step < 200; ++step) {
-    for (const auto& [target, text] : new_text) {
-      WriteText(tree.Simulator(target), kOld);
-    }
-    steps_left = step;
-    platform::SetFailureHook(FailOneStep);
-    InstallSettings();
-    platform::SetFailureHook(nullptr);
-    if (steps_left >= 0) {
-      break;  // the run has no more steps than this
-    }
-    const int untold = OldFiles() - static_cast<int>(CopyFailures.size());
-    EXPECT_LE(untold, 0) << "step " << step;
-    EXPECT_LE(CopyFailures.size(), 1U);
+TEST_F(Installing, ReportsEachFileThatStaysOld) {
+  WriteText(world.Simulator("Texture/day.bmp"), "old");
+  fs::permissions(world.Simulator("Texture/day.bmp"), fs::perms::owner_read);
+  WriteText(world.Program("Data/Clouds/Cld/DAY.BMP"), "the same file again");
+  const fs::path elsewhere = world.Simulator("../elsewhere");
+  WriteText(elsewhere / "kept", "kept");
+  fs::create_symlink(elsewhere / "kept", world.Simulator("Effects/fx_contrail_L.fx"));
+  fs::create_directory_symlink(elsewhere, world.Simulator("links"));
+  catalogue.DestinationCirrus = "links";
+  catalogue.DestinationWaves = "..\\elsewhere";
+  catalogue.options[Group::kNight][0].Textures = "..\\..\\links";
+  const OrdinaryUser user(world.Simulator(".."));
+  fs::permissions(world.Program("Sets/base.0"), fs::perms::none);
+  const Report report = Run(AllOf(0));
+  std::vector<std::pair<std::string, FileStatus>> failures;
+  for (const FileFailure& failure : report.failures) {
+    failures.emplace_back(failure.file, failure.status);
   }
-  EXPECT_GT(step, 30);
-  EXPECT_LT(step, 200);
+  EXPECT_EQ((decltype(failures){{"Scenery\\World\\texture\\", FileStatus::kNoPermission},
+                                {"..\\elsewhere\\waves.bmp", FileStatus::kOutside},
+                                {"Texture\\day.bmp", FileStatus::kReadOnly},
+                                {"Texture\\kept", FileStatus::kOutside},
+                                {"Effects\\fx_contrail_L.fx", FileStatus::kOutside},
+                                {"links\\cirrus.bmp", FileStatus::kOutside}}),
+            failures);
+  EXPECT_FALSE(report.Whole());
+  EXPECT_EQ("old", ReadText(world.Simulator("Texture/day.bmp")));
+  EXPECT_EQ((Tree{{"kept", "kept"}}), Files(elsewhere));
 }
 
-int DieAtStep(const char*, const char*) {
-  if (steps_left-- == 0) {
-    _exit(0);
-  }
-  return 0;
+TEST_F(Installing, WaitsForAFileHeldOpenButNotForEver) {
+  busy_renames = 3;
+  EXPECT_TRUE(Run(AllOf(0)).Whole());
+  EXPECT_EQ(14 + 3, bar.breaths) << "once for each wait too";
+  busy_renames = 1000;
+  bar.on_breath = [&] { busy_renames = bar.sentences.size() > 17 ? 0 : busy_renames; };
+  const Report report = Run(AllOf(0));
+  ASSERT_FALSE(report.failures.empty());
+  EXPECT_EQ("Scenery\\World\\texture\\base.bmp", report.failures[0].file);
+  EXPECT_EQ(FileStatus::kBusy, report.failures[0].status);
 }
 
-TEST_F(Installing, KilledAtAnyStepEveryFileIsWhole) {
-  for (int step = 0; step < 12; ++step) {
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      steps_left = step;
-      platform::SetFailureHook(DieAtStep);
-      ApplySun(true);
-      CopySkySet(0, 0, 0, 1);
-      ApplyContrails(true);
-      _exit(1);
-    }
-    int status = 0;
-    ASSERT_EQ(child, waitpid(child, &status, 0));
-    EXPECT_TRUE(WIFEXITED(status)) << "step " << step;
-    OldFiles(false);
-    const std::string effect = ReadText(tree.Simulator("Effects/fx_contrail_s.fx"));
-    EXPECT_TRUE(effect.starts_with(kOld)) << effect;
+TEST_F(Installing, EveryFileWrittenIsForeseen) {
+  catalogue.CloudDestination = "Texture\\cumulus01.bmp";
+  platform::FileSystem files(kTemporaryPrefix);
+  const Folders folders = world.folders();
+  const CopyRoutes routes(catalogue, folders, files);
+  const WrittenFiles foreseen = FilesThatInstallsWrite(routes, catalogue, folders, files);
+  EXPECT_EQ("", foreseen.unread.path);
+  std::set<std::string> targets;
+  std::size_t sources = 0;
+  for (const WrittenFile& file : foreseen.files) {
+    targets.insert(fs::path(file.target).lexically_relative(world.Simulator()));
+    EXPECT_EQ(file.target.ends_with(".fx"), file.edited) << file.target;
+    sources += file.sources.size();
   }
-  InstallSettings();
-  EXPECT_EQ(0, OldFiles()) << "and nothing of the killed runs is left";
+  EXPECT_EQ(2U * 8 + 3 + 1 + 1, sources) << "two of each set, the fixed ones, the sun, the texture";
+  std::set<std::string> written{"Texture/Corona1.bmp", "Texture/sun6.bmp", "Texture/cumulus01.bmp"};
+  Run({.option = {}, .sun = true, .contrails = false});
+  for (const auto& [file, text] : Installed(world)) {
+    written.insert(file);
+  }
+  EXPECT_EQ(written, targets);
+
+  const OrdinaryUser user(world.Simulator(".."));
+  fs::permissions(world.Program("Sets/base.1"), fs::perms::none);
+  fs::remove_all(world.Simulator("Texture"));
+  const WrittenFiles others = FilesThatInstallsWrite(routes, catalogue, folders, files);
+  EXPECT_EQ(4U, others.files.size()) << "no install writes where there is no folder";
+  EXPECT_EQ(FileStatus::kNoPermission, others.unread.status);
+}
+
+TEST_F(Installing, SweepsAfterAKilledRunButOnlyInTheSimulator) {
+  const std::string name = kTemporaryPrefix + std::to_string(getpid()) + "-9999.tmp";
+  WriteText(world.Simulator("../elsewhere") / name, "not ours");
+  fs::create_directory_symlink("../elsewhere", world.Simulator("links"));
+  catalogue.DestinationCirrus = "links";
+  catalogue.CloudDestination = "Clouds\\cumulus01.bmp";
+  catalogue.SkyDestination = catalogue.DestinationWaves = "Sky";
+  for (const char* folder : {"Texture", "Effects", "Scenery/World/texture", "Clouds", "Sky"}) {
+    WriteText(world.Simulator(folder) / name, "half");
+  }
+  Run(AllOf(0));
+  for (const auto& [file, text] : Installed(world)) {
+    EXPECT_NE("half", text) << file;
+  }
+  EXPECT_TRUE(fs::exists(world.Simulator("../elsewhere") / name));
 }
 
 }  // namespace
+
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the system's are reserved
+extern "C" int renameat(int from, const char* name, int to, const char* new_name) noexcept {
+  errno = EBUSY;
+  return busy_renames-- > 0 ? -1
+                            : static_cast<int>(syscall(SYS_renameat2, from, name, to, new_name, 0));
+}

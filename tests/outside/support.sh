@@ -1,9 +1,9 @@
 # shellcheck shell=bash disable=SC2034
-# A demo of its own for one journey and what can be said of it afterwards. To be sourced after
+# A copy of the demo for one journey, and checks of the files afterwards. To be sourced after
 # tools/screen.sh.
 
-# lay_out PROGRAM DEMO: a folder, a copy of the demo in it, the executable alone beside the demo's
-# data, and a screen. Sets SIMULATOR, PROGRAM, MEDIA, CFG.
+# lay_out PROGRAM DEMO: a folder, a copy of the demo in it, the executable beside the demo's data, and
+# a screen. Sets JOURNEY, SIMULATOR, PROGRAM, MEDIA, CFG and HISTORY.
 lay_out() {
   JOURNEY=$(mktemp -d)
   trap 'leave $?' EXIT
@@ -14,10 +14,11 @@ lay_out() {
   PROGRAM="$SIMULATOR/Modules/Nimbrel"
   MEDIA="$PROGRAM/Media"
   CFG="$PROGRAM/NB_Information.cfg"
+  HISTORY="$PROGRAM/Data/History.nbh"
   install -m 755 "$1" "$PROGRAM/nimbrel"
 }
 
-# leave STATUS: tidies up; a failure leaves the last sight of the screen behind.
+# leave STATUS: tidies up; after a failure it saves what the screen shows.
 leave() {
   if (($1 != 0)) && [[ -n ${DISPLAY:-} ]]; then
     local sight
@@ -37,19 +38,13 @@ start() {
 
 # install_now: Save and Install, to the end of its message.
 install_now() {
-  press_install "$MEDIA"
+  press_install
   dismiss Information
 }
 
-# dismiss KIND: waits for a message of that kind, which is the last one, and for its end.
-dismiss() {
-  answer "$MEDIA" "$1" "${OK_BUTTON[@]}"
-  wait_until "end of the message" no_window "$MESSAGE_TITLE"
-}
-
-exit_program() { press_exit || fail "the program ended with status $?"; }
-
-# The files of folder, with their sums, sorted by name. The program's own folder is left out.
+# everything FOLDER: its files and folders by name, and the files' sums.
+everything() { (cd "$1" && find . -printf '%y %p\n' | sort && find . -type f -exec sha256sum {} + | sort -k 2); }
+# simulator_sums: the sums of the simulator's files outside Modules, sorted by name.
 simulator_sums() {
   (cd "$SIMULATOR" && find . -path ./Modules -prune -o -type f -print0 | sort -z | xargs -0 sha256sum)
 }
@@ -57,8 +52,9 @@ simulator_sums() {
 expect() { # WHAT ACTUAL EXPECTED
   [[ $2 == "$3" ]] || fail "$1 is '$2' instead of '$3'"
 }
+expect_entries() { expect "size of the history" "$(stat -c %s "$HISTORY")" $((36 * $1)); }
 
-# expect_set SET TARGET: every file of a folder under Data lies in the simulator's folder as it is.
+# expect_set SET TARGET: the simulator's folder holds every file of that folder of Data.
 expect_set() {
   local file
   for file in "$PROGRAM/Data/$1"/*; do
@@ -67,27 +63,22 @@ expect_set() {
 }
 
 # expect_sets CIRRUS SUNRISE DAY SUNSET NIGHT BASE ENVIRONMENT WAVES: these sets are in place, and
-# what goes with each install.
+# what every install brings.
 expect_sets() {
-  local period
-  expect_set "Cirrus/Set.$1" Texture
-  for period in Sunrise Day Sunset Night; do
-    shift
-    expect_set "Sky/$period.$1" Texture
+  local sets=("Cirrus/Set.$1" "Sky/Sunrise.$2" "Sky/Day.$3" "Sky/Sunset.$4" "Sky/Night.$5") set
+  for set in "${sets[@]}" Clouds/Cld Clouds/cumulus Clouds/stratus; do
+    expect_set "$set" Texture
   done
-  expect_set "Water/Base.$2" Scenery/World/Texture
-  expect_set "Water/Environment.$3" Scenery/World/Texture
-  expect_set "Water/Waves.$4" Effects/Texture
-  expect_set Clouds/Cld Texture
-  expect_set Clouds/cumulus Texture
-  expect_set Clouds/stratus Texture
+  expect_set "Water/Base.$6" Scenery/World/Texture
+  expect_set "Water/Environment.$7" Scenery/World/Texture
+  expect_set "Water/Waves.$8" Effects/Texture
   cmp "$PROGRAM/TempBitmaps/cumulus01.bmp" "$SIMULATOR/Texture/cumulus01.bmp" ||
     fail "the composed cloud texture is not in place"
 }
 # expect_installed OPTION: the sets of that option of every group.
 expect_installed() { expect_sets "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1"; }
 
-# expect_switches SUN CONTRAILS: what the two have done to the simulator.
+# expect_switches SUN CONTRAILS: the simulator's files are as those two switches ask.
 expect_switches() {
   local short=1.50,1.50 long=30.50,30.50
   (($2 == 0)) || short=180.0,180.0 long=180.0,180.0
@@ -96,9 +87,9 @@ expect_switches() {
   expect "long contrail" "$(contrail_life "$SIMULATOR/Effects/fx_contrail_L.fx")" $long
 }
 
-# newest_entry: the numbers of the newest history entry behind its date: source, solid, wispy,
+# newest_entry: the numbers of the newest history entry after its date: source, solid, wispy,
 # stratus, cirrus, base, environment, waves, sunrise, day, sunset, night, sun, contrails.
-newest_entry() { tail -c 28 "$PROGRAM/Data/History.nbh" | od -A n -t d2 -w28 | xargs; }
+newest_entry() { tail -c 28 "$HISTORY" | od -A n -t d2 -w28 | xargs; }
 
 # expect_newest_entry: what the newest history entry says is what is installed.
 expect_newest_entry() {
@@ -108,23 +99,13 @@ expect_newest_entry() {
   expect_switches "${numbers[@]:12:2}"
 }
 
-# number FILE OFFSET: the 32-bit number there. letters FILE OFFSET COUNT.
-number() { od -A n -t u4 -j "$2" -N 4 "$1" | tr -d ' '; }
-letters() { tail -c +$(($2 + 1)) "$1" | head -c "$3"; }
-
-# expect_cumulus WIDTH COMPRESSION: the head and the size of the texture in place; compression is DXT3
-# or none.
+# expect_cumulus WIDTH COMPRESSION BYTES: the head of the texture in place, and the size of its pixels.
 expect_cumulus() {
-  local file="$SIMULATOR/Texture/cumulus01.bmp" bytes=$(($1 * $1))
-  expect "width of the texture" "$(number "$file" 18)" "$1"
-  expect "the texture's extension" "$(letters "$file" 54 4)" FS70
-  if [[ $2 == DXT3 ]]; then
-    expect "compression" "$(letters "$file" 30 4)" DXT3
-  else
-    expect "compression" "$(number "$file" 30)" 0
-    bytes=$((bytes * 4))
-  fi
-  expect "size of the texture" "$(stat -c %s "$file")" $((bytes + 74))
+  local file="$SIMULATOR/Texture/cumulus01.bmp"
+  expect "width of the texture" "$(od -A n -t u4 -j 18 -N 4 "$file" | xargs)" "$1"
+  expect "compression" "$(od -A n -t x1 -j 30 -N 4 "$file" | xargs)" "$2"
+  expect "the texture's extension" "$(tail -c +55 "$file" | head -c 4)" FS70
+  expect "size of the texture" "$(stat -c %s "$file")" $(($3 + 74))
 }
 
 # record INDEX SWITCH [SOURCE]: one record with that index in all groups and both switches so, of a
@@ -135,15 +116,6 @@ record() {
   for i in "${3:-0}" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$1" "$2" "$2"; do
     printf '%b' "\\x0$i\\0"
   done
-}
-
-# favorite TITLE DESCRIPTION INDEX SWITCH: the bytes of a favourite's file.
-favorite() {
-  printf '%s' "$1"
-  head -c $((255 - ${#1})) /dev/zero
-  printf '%s' "$2"
-  head -c $((1024 - ${#2})) /dev/zero
-  record "$3" "$4" 2
 }
 
 no_temporaries() {

@@ -1,16 +1,17 @@
-#include "platform/files.h"
-
 #include <gtest/gtest.h>
-#include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <numeric>
 #include <set>
 
 #include "platform/FileStamp.h"
+#include "platform/FileSystem.h"
 #include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
@@ -18,8 +19,9 @@ namespace fs = std::filesystem;
 namespace {
 
 using enum platform::FileStatus;
+using namespace std::string_literals;
 using platform::FileStatus;
-constexpr auto kRename = platform::Durability::kRename;
+using List = std::vector<std::string>;
 
 std::span<const std::byte> Bytes(std::string_view text) { return std::as_bytes(std::span(text)); }
 
@@ -27,80 +29,70 @@ std::span<const std::byte> Bytes(std::string_view text) { return std::as_bytes(s
 std::string Names(const fs::path& folder) {
   std::set<std::string> names;
   for (const auto& entry : fs::directory_iterator(folder)) {
-    names.insert(entry.path().filename());
+    names.insert(entry.path().filename().string() + ' ');
   }
-  std::string text;
-  for (const std::string& name : names) {
-    text += name + ' ';
-  }
-  return text;
+  return std::accumulate(names.begin(), names.end(), std::string());
 }
 
-TEST(HostPath, MatchesEveryComponentWithoutCase) {
-  const TempFolder root;
-  WriteText(root / "Texture/Sun.BMP", "");
-  WriteText(root / "Texture/Zürich Größe.bmp", "");
-  WriteText(root / "both/a", "");
-  WriteText(root / "both/A", "");
-  struct Row {
-    std::string_view composed;
-    std::string_view host;
-  };
-  constexpr auto kRows = std::to_array<Row>({
-      {"\\Texture\\Sun.BMP", "/Texture/Sun.BMP"},
-      {"\\texture\\SUN.bmp", "/Texture/Sun.BMP"},
-      {"/TEXTURE\\\\new.bmp", "/Texture/new.bmp"},
-      {"\\new\\Texture\\x", "/new/Texture/x"},
-      {"\\Texture\\..\\TEXTURE\\.\\sun.bmp", "/Texture/Sun.BMP"},
-      {"\\not there\\..\\texture\\", "/Texture"},
-      {"\\texture\\ZÜRICH grösse.bmp", "/Texture/ZÜRICH grösse.bmp"},
-      {"\\texture\\ZÜRICH GRÖßE.bmp", "/Texture/Zürich Größe.bmp"},
-      {"\\Both\\a", "/both/a"},
-      {"\\Both\\A", "/both/A"},
-      {"\\texture\\sun.bmp\\x", "/Texture/Sun.BMP/x"},
-  });
-  for (const auto& [composed, host] : kRows) {
-    EXPECT_EQ(root.string() + std::string(host),
-              platform::HostPath(root.string() + std::string(composed)));
+struct Files : testing::Test {
+  TempFolder root;
+  platform::FileSystem files{"~test-"};
+
+  std::string At(std::string_view composed) const { return root.string() + std::string(composed); }
+  FileStatus Put(std::string_view target, std::string_view text) {
+    return files.ReplaceFile(At(target), Bytes(text), platform::Durability::kFlushedRename);
   }
-  EXPECT_EQ("", platform::HostPath(""));
-  EXPECT_EQ("", platform::HostPath(std::string_view("/tmp\0/x", 7)));
-  EXPECT_EQ("/", platform::HostPath("\\..\\.."));
-  EXPECT_EQ("../x", platform::HostPath("a\\..\\..\\x"));
-  const std::string longer = "/" + std::string(300, 'x');
-  EXPECT_EQ(longer, platform::HostPath(longer));
-  EXPECT_FALSE(platform::FileExists(std::string(9000, '/') + std::string(9000, 'a')));
+  FileStatus Copy(std::string_view source, std::string_view target, std::string_view from = {},
+                  std::string_view to = {}) {
+    return files.CopyOver(At(source), At(target), platform::Durability::kRename, from, to);
+  }
+};
+
+TEST_F(Files, AreFoundWithoutCase) {
+  for (const char* name : {"Texture/Sun.BMP", "Texture/Zürich Größe.bmp", "both/a", "both/A"}) {
+    WriteText(root / name, "");
+  }
+  for (const auto& [composed, host] : std::vector<std::array<const char*, 2>>{
+           {"\\texture\\SUN.bmp", "/Texture/Sun.BMP"},
+           {"/TEXTURE\\\\new.bmp", "/Texture/new.bmp"},
+           {"\\new\\Texture\\x", "/new/Texture/x"},
+           {"\\Texture\\..\\TEXTURE\\.\\sun.bmp", "/Texture/Sun.BMP"},
+           {"\\not there\\..\\texture\\", "/Texture"},
+           {"\\texture\\ZÜRICH grösse.bmp", "/Texture/ZÜRICH grösse.bmp"},
+           {"\\texture\\ZÜRICH GRÖßE.bmp", "/Texture/Zürich Größe.bmp"},
+           {"\\Both\\A", "/both/A"},
+           {"\\texture\\sun.bmp\\x", "/Texture/Sun.BMP/x"}}) {
+    EXPECT_EQ(At(host), files.HostPath(At(composed)));
+  }
+  const std::vector<std::string> short_paths = {
+      "", "", "/tmp\0/x"s, "", "\\..\\..", "/", "a\\..\\..\\x", "../x", "a\\..", "."};
+  for (std::size_t i = 0; i < short_paths.size(); i += 2) {
+    EXPECT_EQ(short_paths[i + 1], files.HostPath(short_paths[i]));
+  }
+  EXPECT_FALSE(files.FileExists(std::string(9000, '/') + std::string(9000, 'a')));
+  EXPECT_TRUE(files.FileExists(At("\\texture\\sun.bmp")) && files.FolderExists(At("\\texture")));
+  EXPECT_FALSE(files.FolderExists(At("\\texture\\sun.bmp")) || files.FileExists(At("\\texture")));
 }
 
-TEST(HostPath, SeesWhatOthersDoInAFolderAtOnce) {
-  const TempFolder root;
+TEST_F(Files, ShowWhatOthersChangeAtOnce) {
   for (int i = 0; i < 200; ++i) {
     const std::string name = "File" + std::to_string(i);
-    const std::string asked = root.string() + "\\fILE" + std::to_string(i);
-    ASSERT_EQ(root.string() + "/fILE" + std::to_string(i), platform::HostPath(asked));
+    const std::string asked = At("\\fILE" + std::to_string(i));
+    ASSERT_EQ(At("/fILE" + std::to_string(i)), files.HostPath(asked));
     WriteText(root / name, "");
-    ASSERT_EQ(root.string() + "/" + name, platform::HostPath(asked));
+    ASSERT_EQ(At("/" + name), files.HostPath(asked));
     fs::remove(root / name);
-    ASSERT_FALSE(platform::FileExists(asked));
+    ASSERT_FALSE(files.FileExists(asked));
   }
-}
-
-TEST(HostPath, SeesAChangeAfterAListingThatWasBelieved) {
-  const TempFolder root;
-  usleep(100'000);  // past the tick of the folder's making, so that its listing counts
-  const std::string asked = root.string() + "\\SUN.BMP";
-  for (int i = 0; i < 2; ++i) {
-    ASSERT_FALSE(platform::FileExists(asked));
-  }
+  usleep(100'000);  // past the clock tick of the last change, so that the next listing is kept
+  ASSERT_FALSE(files.FileExists(At("\\SUN.BMP")) || files.FileExists(At("\\SUN.BMP")));
   WriteText(root / "sun.bmp", "");
-  EXPECT_TRUE(platform::FileExists(asked));
+  EXPECT_TRUE(files.FileExists(At("\\SUN.BMP")));
 }
 
 TEST(FileStamp, AReadingWithinTheTickOfAChangeProvesNothing) {
   constexpr std::int64_t kMillisecond = 1'000'000;
   platform::FileStamp stamp{.modified = 5, .changed = 7 * kMillisecond + 1};
-  EXPECT_FALSE(platform::IsSettled(stamp, stamp.changed));
-  EXPECT_FALSE(platform::IsSettled(stamp, stamp.changed - kMillisecond));
   EXPECT_FALSE(platform::IsSettled(stamp, stamp.changed + 10 * kMillisecond));
   EXPECT_TRUE(platform::IsSettled(stamp, stamp.changed + 100 * kMillisecond));
   stamp.changed = 3000 * kMillisecond;  // a file system that counts in seconds
@@ -108,348 +100,270 @@ TEST(FileStamp, AReadingWithinTheTickOfAChangeProvesNothing) {
   EXPECT_TRUE(platform::IsSettled(stamp, stamp.changed + 2200 * kMillisecond));
 }
 
-TEST(HostPath, KnowsItsOwnChanges) {
-  const TempFolder root;
+TEST_F(Files, ShowOwnChanges) {
   for (int i = 0; i < 50; ++i) {
-    const std::string name = "\\New" + std::to_string(i);
-    const std::string other = "\\nEW" + std::to_string(i);
-    ASSERT_EQ(kOk, platform::ReplaceFile(root.string() + name, Bytes("1"), kRename));
-    ASSERT_EQ(kOk, platform::ReplaceFile(root.string() + other, Bytes("2"), kRename));
-    ASSERT_EQ(kOk, platform::DeleteFile(root.string() + other));
-    ASSERT_EQ(kOk, platform::ReplaceFile(root.string() + other, Bytes("3"), kRename));
-    ASSERT_EQ(root.string() + "/nEW" + std::to_string(i), platform::HostPath(root.string() + name));
+    const std::string number = std::to_string(i);
+    ASSERT_EQ(kOk, Put("\\New" + number, "1"));
+    ASSERT_EQ(kOk, Put("\\nEW" + number, "2"));
+    ASSERT_EQ(kOk, files.DeleteFile(At("\\NEW" + number)));
+    ASSERT_EQ(kOk, Put("\\nEW" + number, "3"));
+    ASSERT_EQ(At("/nEW" + number), files.HostPath(At("\\New" + number)));
   }
-  EXPECT_TRUE(platform::CreateFolder(root.string() + "\\Data"));
-  EXPECT_TRUE(platform::CreateFolder(root.string() + "\\DATA"));
-  EXPECT_FALSE(platform::CreateFolder(root.string() + "\\new1\\x"));
+  EXPECT_EQ(kOk, files.CreateFolder(At("\\Data")));
+  EXPECT_EQ(kOk, files.CreateFolder(At("\\DATA")));
+  EXPECT_EQ(kNoFolder, files.CreateFolder(At("\\missing\\x")));
+  EXPECT_EQ(kNoFolder, files.CreateFolder(At("\\new1\\x")));
+  EXPECT_EQ(kNotAFile, files.CreateFolder(At("\\NEW1")));
+  EXPECT_EQ(kNoFolder, files.CreateFolder(""));
   EXPECT_EQ(51, std::distance(fs::directory_iterator(root.path()), fs::directory_iterator()));
 }
 
-/// Only another system can have made them. No third one comes to stand beside them.
-TEST(HostPath, TakesOneOfTwoNamesThatDifferOnlyInCase) {
-  const TempFolder root;
+/// Only another system can have made them. No third one is added.
+TEST_F(Files, OfTwoNamesThatDifferOnlyInCaseAreTakenInOrder) {
   WriteText(root / "SUN.bmp", "1");
   WriteText(root / "sun.bmp", "2");
-  const std::string asked = root.string() + "\\Sun.BMP";
-  EXPECT_EQ(root.string() + "/SUN.bmp", platform::HostPath(asked));
-  EXPECT_EQ(root.string() + "/sun.bmp", platform::HostPath(root.string() + "\\sun.bmp"));
-  EXPECT_EQ(kOk, platform::DeleteFile(asked));
-  EXPECT_EQ(kOk, platform::ReplaceFile(asked, Bytes("3"), kRename));
+  EXPECT_EQ(At("/SUN.bmp"), files.HostPath(At("\\Sun.BMP")));
+  EXPECT_EQ(kOk, files.DeleteFile(At("\\Sun.BMP")));
+  EXPECT_EQ(kOk, Put("\\Sun.BMP", "3"));
   EXPECT_EQ("sun.bmp ", Names(root.path()));
 }
 
-TEST(ListFiles, MatchesPatternsAsThePlatformDoes) {
-  const TempFolder root;
-  for (const char* name :
-       {"b.bmp", "A.BMP", "noextension", "Été 日本 .bmp", ".hidden", "c.bmp.old"}) {
+/// A folder that can't be listed may hold the name in another case: nothing counts as absent there.
+TEST_F(Files, StayWithoutPermission) {
+  WriteText(root / "a", "new");
+  WriteText(root / "secret", "x");
+  WriteText(root / "Closed/Sun.bmp", "old");
+  WriteText(root / "Texture/sun.bmp", "old");
+  const OrdinaryUser user(root.path());
+  fs::permissions(root / "secret", fs::perms(0));
+  fs::permissions(root / "Closed", fs::perms(0300));
+  fs::permissions(root / "Texture", fs::perms(0555));
+  EXPECT_EQ(kNoPermission, Copy("\\secret", "\\b"));
+  EXPECT_EQ(kNoPermission, Copy("\\closed\\SUN.bmp", "\\b"));
+  for (const char* name : {"\\closed\\SUN.bmp", "\\texture\\SUN.bmp"}) {
+    EXPECT_EQ(kNoPermission, Copy("\\a", name));
+    EXPECT_EQ(kNoPermission, files.DeleteFile(At(name)));
+    EXPECT_EQ(kNoPermission, files.CreateFolder(At(std::string(name) + "x")));
+  }
+  FileStatus found = kOk;
+  FileStatus read = kOk;
+  FileStatus listed = kOk;
+  files.HostPath(At("\\closed\\SUN.bmp"), &found);
+  files.ReadFile(At("\\closed\\SUN.bmp"), 9, &read);
+  files.ListFiles(At("\\closed\\*"), 0, &listed);
+  EXPECT_EQ((std::array{kNoPermission, kNoPermission, kNoPermission}),
+            (std::array{found, read, listed}));
+  EXPECT_EQ(kNoPermission, files.SweepTemporaries(At("\\closed")));
+  EXPECT_EQ(kOk, Put("\\closed\\Sun.bmp", "new"));
+  EXPECT_EQ("old", ReadText(root / "Texture/sun.bmp"));
+  EXPECT_EQ("Closed Texture a secret ", Names(root.path()));
+}
+
+TEST_F(Files, AreListedByPatterns) {
+  for (const char* name : {"b.bmp", "A.BMP", "noextension", "Été 日本 .bmp", ".hidden", "c.bmp.old",
+                           "folder.bmp/inside.bmp", "..\\evil.bmp"}) {
     WriteText(root / name, "");
   }
-  WriteText(root / "folder.bmp/inside.bmp", "");
   fs::create_symlink("b.bmp", root / "link.bmp");
   fs::create_symlink("nowhere", root / "dangling.bmp");
-  WriteText(root / "..\\evil.bmp", "");
   ASSERT_EQ(0, mkfifo((root / "pipe.bmp").c_str(), 0600));
-  using List = std::vector<std::string>;
-  const List all = {"A.BMP", "b.bmp", "c.bmp.old", "link.bmp", "noextension", "Été 日本 .bmp"};
-  const std::string folder = root.string() + "\\";
-  EXPECT_EQ(all, platform::ListFiles(folder + "*.*", platform::kNormal));
-  EXPECT_EQ(all, platform::ListFiles(folder + "*", platform::kReadOnly | platform::kSystem));
-  EXPECT_EQ(7U, platform::ListFiles(folder + "*.*", 7).size());
-  EXPECT_EQ((List{"A.BMP", "b.bmp", "link.bmp", "Été 日本 .bmp"}),
-            platform::ListFiles(folder + "*.bmp", 0));
-  EXPECT_EQ((List{"A.BMP", "b.bmp"}), platform::ListFiles(folder + "?.BMP", 0));
-  EXPECT_EQ((List{"Été 日本 .bmp"}), platform::ListFiles(folder + "éT? ?? .b*", 0));
-  EXPECT_EQ((List{"noextension"}), platform::ListFiles(folder + "NOext*.*", 0));
-  EXPECT_EQ((List{"A.BMP"}), platform::ListFiles(folder + "a.bmp", 0));
-  EXPECT_EQ(List{}, platform::ListFiles(folder + "folder.bmp", 0));
-  EXPECT_EQ(List{}, platform::ListFiles(folder + ".hidden", 0));
-  EXPECT_EQ(List{}, platform::ListFiles(folder, 7));
-  EXPECT_EQ(List{}, platform::ListFiles(folder + "missing\\*.*", 7));
-  EXPECT_EQ(List{}, platform::ListFiles("", 7));
-}
-
-TEST(ListFiles, HasNoMostNames) {
-  const TempFolder root;
-  for (int i = 0; i < 300; ++i) {
-    WriteText(root / ("set/" + std::to_string(i) + ".bmp"), "");
+  const auto list = [this](std::string_view pattern) {
+    FileStatus status = kBusy;
+    const List names = files.ListFiles(At(pattern), platform::kReadOnly, &status);
+    EXPECT_EQ(kOk, status) << pattern;
+    return std::accumulate(names.begin(), names.end(), std::string());
+  };
+  const std::string all = "A.BMPb.bmpc.bmp.oldlink.bmpnoextensionÉté 日本 .bmp";
+  const List rows = {"\\*.*",        all,
+                     "\\*",          all,
+                     "\\*.bmp",      "A.BMPb.bmplink.bmpÉté 日本 .bmp",
+                     "\\?.BMP",      "A.BMPb.bmp",
+                     "\\*b*b*.bmp",  "",
+                     "\\*B*mp*",     "A.BMPb.bmpc.bmp.oldlink.bmpÉté 日本 .bmp",
+                     "\\éT? ?? .b*", "Été 日本 .bmp",
+                     "\\NOext*.*",   "noextension",
+                     "\\a.bmp",      "A.BMP",
+                     "\\folder.bmp", "",
+                     "\\.hidden",    "",
+                     "\\",           ""};
+  for (std::size_t i = 0; i < rows.size(); i += 2) {
+    EXPECT_EQ(rows[i + 1], list(rows[i])) << rows[i];
   }
-  const auto names = platform::ListFiles(root.string() + "\\SET\\*.*", 7);
-  EXPECT_EQ(300U, std::set<std::string>(names.begin(), names.end()).size());
+  FileStatus status = kOk;
+  EXPECT_EQ(List{".hidden"}, files.ListFiles(At("\\.*"), platform::kHidden));
+  EXPECT_EQ(List{}, files.ListFiles(At("\\missing\\*.*"), 0, &status));
+  EXPECT_EQ(kNoSource, status);
+  EXPECT_EQ(List{}, files.ListFiles(std::string_view("/tmp/*\0", 7), 7));
 }
 
-TEST(ReadFile, IsBoundedAndNeverWaits) {
-  const TempFolder root;
+TEST_F(Files, LieWithinTheRealRoot) {
+  WriteText(root / "sim/Real/in", "");
+  WriteText(root / "simulator/x", "");
+  fs::create_symlink("../simulator", root / "sim/Gone");
+  fs::create_symlink("../simulator/new", root / "sim/dangling");
+  fs::create_symlink("sim", root / "link");
+  FileStatus status = kBusy;
+  for (const char* path : {"\\sim", "\\SIM\\new\\deeper\\x", "\\link\\x"}) {
+    EXPECT_TRUE(files.LiesWithin(At(path), At("\\Sim\\"), &status)) << path;
+    EXPECT_TRUE(files.LiesWithin(At(path), At("\\link"))) << path;
+    EXPECT_EQ(kOk, status) << path;
+  }
+  for (const char* path : {"\\simulator\\x", "\\sim\\..\\x", "\\sim\\Gone\\x\\y"}) {
+    EXPECT_FALSE(files.LiesWithin(At(path), At("\\sim"), &status)) << path;
+    EXPECT_EQ(kOk, status) << path;
+  }
+  EXPECT_FALSE(files.LiesWithin(At("\\sim\\dangling"), At("\\sim"), &status));
+  EXPECT_EQ(kOther, status);
+  EXPECT_FALSE(files.LiesWithin(At("\\sim\\x"), At("\\no root"), &status));
+  EXPECT_EQ(kNoFolder, status);
+  EXPECT_TRUE(files.LiesWithin(At("\\sim"), "/"));
+  EXPECT_FALSE(files.LiesWithin(At("\\sim"), "") || files.LiesWithin("", At("\\sim")));
+}
+
+TEST_F(Files, AreReadWithinALimitAndWithoutWaiting) {
   WriteText(root / "f", "12345");
   ASSERT_EQ(0, mkfifo((root / "pipe").c_str(), 0600));
-  struct Row {
-    const char* name;
-    std::size_t limit;
-    FileStatus status;
-  };
-  constexpr auto kRows = std::to_array<Row>({{"/F", 5, kOk},
-                                             {"/f", SIZE_MAX, kOk},
-                                             {"/f", 4, kTooLarge},
-                                             {"/missing", 9, kNoSource},
-                                             {"/f/x", 9, kNoSource},
-                                             {"", 9, kNotAFile},
-                                             {"/pipe", 9, kNotAFile}});
-  for (const auto& [name, limit, expected] : kRows) {
+  const auto read = [this](std::string_view name, std::size_t limit) {
     FileStatus status = kBusy;
-    const auto bytes = platform::ReadFile(root.string() + name, limit, &status);
-    EXPECT_EQ(expected, status) << name;
-    EXPECT_EQ(expected == kOk, bytes && bytes->size() == 5) << name;
-  }
-  EXPECT_FALSE(platform::ReadFile("/proc/self/maps", 16));  // grows past what its size tells
+    const auto bytes = files.ReadFile(At(name), limit, &status);
+    EXPECT_EQ(status == kOk, bytes && std::ranges::equal(*bytes, Bytes("12345"))) << name;
+    return status;
+  };
+  EXPECT_EQ(kOk, read("/F", 5));
+  EXPECT_EQ(kOk, read("/f", SIZE_MAX));
+  EXPECT_EQ(kTooLarge, read("/f", 4));
+  EXPECT_EQ(kNoSource, read("/x", 9));
+  EXPECT_EQ(kNoSource, read("/f/x", 9));
+  EXPECT_EQ(kNotAFile, read("", 9));
+  EXPECT_EQ(kNotAFile, read("/pipe", 9));
+  // Longer than its size, which is 0.
+  EXPECT_FALSE(files.ReadFile("/proc/self/maps", 16));
+  EXPECT_LT(100U,
+            files.ReadFile("/proc/self/maps", 1 << 20).value_or(std::vector<std::byte>()).size());
 }
 
-TEST(Replace, KeepsTheOldNameOwnerAndPermissions) {
-  const TempFolder root;
+TEST_F(Files, KeepNameOwnerAndPermissionsWhenReplaced) {
   WriteText(root / "Texture/SUN.bmp", "old");
   const uid_t owner = geteuid() == 0 ? 1234 : geteuid();  // only root gives files away
   ASSERT_EQ(0, chown((root / "Texture/SUN.bmp").c_str(), owner, getegid()));
   fs::permissions(root / "Texture/SUN.bmp", fs::perms(0666));
-  const std::string big(3 << 20, 'n');
-  WriteText(root / "set/sun.bmp", big);
+  WriteText(root / "set/sun.bmp", "new");
   fs::permissions(root / "set/sun.bmp", fs::perms(0444));
-  for (const char* target : {"\\texture\\sun.BMP", "\\texture\\fresh.bmp"}) {
-    EXPECT_EQ(
-        kOk, platform::CopyOver(root.string() + "\\SET\\sun.bmp", root.string() + target, kRename));
-  }
+  EXPECT_EQ(kOk, Copy("\\SET\\sun.bmp", "\\texture\\sun.BMP"));
+  EXPECT_EQ(kOk, Copy("\\SET\\sun.bmp", "\\texture\\fresh.bmp"));
   EXPECT_EQ("SUN.bmp fresh.bmp ", Names(root / "Texture"));
-  EXPECT_EQ(big, ReadText(root / "Texture/SUN.bmp"));
-  EXPECT_EQ(fs::perms(0666), fs::status(root / "Texture/SUN.bmp").permissions());
+  EXPECT_EQ("new", ReadText(root / "Texture/SUN.bmp"));
   struct stat facts {};
   ASSERT_EQ(0, stat((root / "Texture/SUN.bmp").c_str(), &facts));
   EXPECT_EQ(owner, facts.st_uid);
-  EXPECT_EQ(fs::perms::owner_write,
-            fs::status(root / "Texture/fresh.bmp").permissions() & fs::perms::owner_write);
+  EXPECT_EQ(0666U, facts.st_mode & 0777U);
+  ASSERT_EQ(0, stat((root / "Texture/fresh.bmp").c_str(), &facts));
+  EXPECT_EQ(0600U, facts.st_mode & 0711U);
 }
 
-TEST(Replace, RefusesWithItsReason) {
-  const TempFolder all;
-  const fs::path root = all / "root";
-  WriteText(root / "set/a", "new");
-  WriteText(root / "sim/read-only", "old");
-  fs::permissions(root / "sim/read-only", fs::perms(0444));
-  fs::create_directories(root / "sim/folder");
-  ASSERT_EQ(0, mkfifo((root / "sim/pipe").c_str(), 0600));
-  fs::create_symlink("nowhere", root / "sim/dangling");
-  struct Row {
-    std::string source;
-    std::string target;
-    FileStatus status;
-  };
-  const std::vector<Row> rows = {{"\\set\\missing", "\\none\\a", kNoSource},
-                                 {"\\set", "\\sim\\a", kNotAFile},
-                                 {"\\sim\\pipe", "\\sim\\a", kNotAFile},
-                                 {"\\set\\a", "\\none\\a", kNoFolder},
-                                 {"\\set\\a", "\\set\\a\\a", kNoFolder},
-                                 {"\\set\\a", "\\sim\\READ-only", kReadOnly},
-                                 {"\\set\\a", "\\sim\\folder", kNotAFile},
-                                 {"\\set\\a", "\\sim\\pipe", kNotAFile},
-                                 {"\\set\\a", "\\sim\\dangling", kNotAFile},
-                                 {"\\set\\a", "\\sim\\" + std::string(256, 'x'), kOther},
-                                 {"\\set\\a", "\\sim\\..\\..\\x", kOutside},
-                                 {"\\set\\..\\..\\x", "\\sim\\a", kNoSource},
-                                 {"\\sim\\read-only", "\\sim\\a", kOutside}};
-  const std::string names = Names(root / "sim");
-  for (const auto& [source, target, status] : rows) {
-    EXPECT_EQ(status,
-              platform::CopyOver(root.string() + source, root.string() + target, kRename,
-                                 status == kOutside ? root.string() + "\\set" : "", root.string()))
-        << source << " " << target;
-  }
-  EXPECT_EQ(kNoFolder, platform::ReplaceFile("", Bytes("x"), kRename));
-  EXPECT_EQ(names, Names(root / "sim"));
-  EXPECT_EQ("old", ReadText(root / "sim/read-only"));
-}
-
-TEST(Replace, LinksAreFollowedOnlyInsideTheirRoot) {
-  const TempFolder root;
-  for (const char* name : {"set/a", "sim/Real/in.bmp", "outside/out.bmp", "outside/secret"}) {
+TEST_F(Files, AreReplacedOnlyWhereTheyBelong) {
+  for (const char* name : {"set/a", "sim/Real/in", "sim/read-only", "sim/folder/x", "out/out"}) {
     WriteText(root / name, name);
   }
-  fs::create_symlink("Real/in.bmp", root / "sim/in.bmp");
-  fs::create_symlink("../outside/out.bmp", root / "sim/out.bmp");
-  fs::create_symlink("../outside", root / "sim/Gone");
-  fs::create_symlink("../outside/secret", root / "set/secret");
-  const auto copy = [&root](const char* source, const char* target) {
-    return platform::CopyOver(root.string() + source, root.string() + target, kRename,
-                              root.string() + "/SET", root.string() + "/SIM");
-  };
-  EXPECT_EQ(kOk, copy("\\set\\a", "\\sim\\in.bmp"));
-  EXPECT_TRUE(fs::is_symlink(root / "sim/in.bmp"));
-  EXPECT_EQ("set/a", ReadText(root / "sim/Real/in.bmp"));
-  EXPECT_EQ(kOutside, copy("\\set\\a", "\\sim\\out.bmp"));
-  EXPECT_EQ(kOutside, copy("\\set\\a", "\\sim\\gone\\new.bmp"));
-  EXPECT_EQ(kOutside, copy("\\set\\secret", "\\sim\\new.bmp"));
-  EXPECT_EQ("outside/out.bmp", ReadText(root / "outside/out.bmp"));
-  EXPECT_EQ("out.bmp secret ", Names(root / "outside"));
-
-  const std::string sim = root.string() + "\\sim";
-  EXPECT_TRUE(platform::LiesWithin(sim, sim));
-  EXPECT_TRUE(platform::LiesWithin(sim + "\\new\\deeper\\x", sim));
-  EXPECT_FALSE(platform::LiesWithin(sim + "ulator", sim));
-  EXPECT_FALSE(platform::LiesWithin(sim + "\\..\\x", sim));
-  EXPECT_FALSE(platform::LiesWithin(sim + "\\Gone\\x\\y", sim));
-  EXPECT_FALSE(platform::LiesWithin(sim + "\\x", root.string() + "\\no root"));
-  EXPECT_FALSE(platform::LiesWithin(sim + "\\x", ""));
-}
-
-TEST(Replace, PermissionsOfAnOrdinaryUserHold) {
-  const TempFolder root;
-  WriteText(root / "a", "new");
-  WriteText(root / "Texture/sun.bmp", "old");
-  WriteText(root / "secret", "x");
-  const OrdinaryUser user(root.path());
-  fs::permissions(root / "Texture", fs::perms(0555));
-  fs::permissions(root / "secret", fs::perms(0));
-  const std::string texture = root.string() + "\\texture\\";
-  EXPECT_EQ(kNoPermission, platform::CopyOver(root.string() + "\\a", texture + "SUN.bmp", kRename));
-  EXPECT_EQ(kNoPermission, platform::CopyOver(root.string() + "\\a", texture + "new", kRename));
-  EXPECT_EQ(kNoPermission,
-            platform::CopyOver(root.string() + "\\secret", root.string() + "\\b", kRename));
-  EXPECT_EQ(kNoPermission, platform::DeleteFile(texture + "sun.bmp"));
-  EXPECT_EQ("old", ReadText(root / "Texture/sun.bmp"));
-  EXPECT_EQ("sun.bmp ", Names(root / "Texture"));
-}
-
-TEST(Replace, AFullDiskLeavesTheOldFile) {
-  const TempFolder root;
-  fs::create_directories(root / "disk");
-  const std::string disk = root.string() + "/disk";
-  if (mount("none", disk.c_str(), "tmpfs", 0, "size=1m") != 0) {
-    GTEST_SKIP() << "no permission to mount a small disk";
+  fs::permissions(root / "sim/read-only", fs::perms(0444));
+  ASSERT_EQ(0, mkfifo((root / "sim/pipe").c_str(), 0600));
+  const List links = {"sim/in", "Real/in",      "sim/out", "../out/out", "sim/Gone",
+                      "../out", "sim/dangling", "nowhere", "set/secret", "../out/out"};
+  for (std::size_t i = 0; i < links.size(); i += 2) {
+    fs::create_symlink(links[i + 1], root / links[i]);
   }
-  const std::string old(600 << 10, 'o');
-  WriteText(root / "disk/sun.bmp", old);
-  WriteText(root / "big", std::string(600 << 10, 'n'));
-  EXPECT_EQ(kNoSpace, platform::CopyOver(root.string() + "\\big", disk + "\\sun.bmp", kRename));
-  EXPECT_EQ(kNoSpace, platform::ReplaceFile(disk + "\\x", Bytes(old), kRename));
-  EXPECT_EQ("sun.bmp ", Names(disk));
-  EXPECT_EQ(old, ReadText(root / "disk/sun.bmp"));
-  EXPECT_EQ(0, umount2(disk.c_str(), MNT_DETACH));
+  const std::string long_name = "\\sim\\" + std::string(256, 'x');
+  const std::vector<std::pair<FileStatus, List>> targets = {
+      {kOk, {"\\sim\\IN"}},
+      {kOutside, {"\\sim\\out", "\\sim\\gone\\new", "\\sim\\..\\x"}},
+      {kNoFolder, {"\\sim\\none\\a", "\\sim\\read-only\\a"}},
+      {kReadOnly, {"\\sim\\READ-only"}},
+      {kNotAFile, {"\\sim\\folder", "\\sim\\pipe", "\\sim\\dangling"}},
+      {kOther, {long_name}}};
+  for (const auto& [status, names] : targets) {
+    for (const std::string& name : names) {
+      EXPECT_EQ(status, Copy("\\set\\a", name, At("\\SET"), At("\\SIM"))) << name;
+    }
+  }
+  const std::vector<std::pair<FileStatus, List>> sources = {
+      {kOutside, {"\\set\\secret", "\\sim\\read-only"}},
+      {kNoSource, {"\\set\\missing"}},
+      {kNotAFile, {"\\set", "\\sim\\pipe"}}};
+  for (const auto& [status, names] : sources) {
+    for (const std::string& name : names) {
+      EXPECT_EQ(status, Copy(name, "\\sim\\new", At("\\SET"), At("\\SIM"))) << name;
+    }
+  }
+  EXPECT_EQ(kNoFolder, files.ReplaceFile("", Bytes("x"), platform::Durability::kRename));
+  EXPECT_EQ("Gone Real dangling folder in out pipe read-only ", Names(root / "sim"));
+  EXPECT_TRUE(fs::is_symlink(root / "sim/in"));
+  EXPECT_EQ("set/a", ReadText(root / "sim/Real/in"));
+  EXPECT_EQ("out/out", ReadText(root / "out/out"));
+  EXPECT_EQ("out ", Names(root / "out"));
 }
 
-// A device that fails, or a process that is killed, at the n-th step of a replacement.
-constexpr int kKill = -1;
-int countdown = 0;
-int failure = 0;
-int FailAtLast(const char*, const char*) {
-  if (--countdown != 0) {
-    return 0;
-  }
-  if (failure == kKill) {
+/// A limit for the size of this process's files stands for the end of the disk.
+TEST_F(Files, StayOnAFullDisk) {
+  WriteText(root / "old", "old");
+  WriteText(root / "big", std::string(2000, 'n'));
+  rlimit before{};
+  ASSERT_EQ(0, getrlimit(RLIMIT_FSIZE, &before));
+  const rlimit limit{1000, before.rlim_max};
+  std::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &limit));
+  const std::array results = {Copy("\\big", "\\OLD"), Put("\\old", std::string(2000, 'n')),
+                              Put("\\fits", std::string(1000, 'n'))};
+  ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &before));
+  EXPECT_EQ((std::array{kNoSpace, kNoSpace, kOk}), results);
+  EXPECT_EQ("old", ReadText(root / "old"));
+  EXPECT_EQ("big fits old ", Names(root.path()));
+}
+
+/// Such names of an earlier process with the same number are passed over when a file is replaced.
+TEST_F(Files, ThatAreTemporaryAreSweptAfterTheirProcess) {
+  const pid_t child = fork();
+  if (child == 0) {
     _exit(0);
   }
-  return failure;
-}
-
-struct Hook {
-  Hook() { platform::SetFailureHook(FailAtLast); }
-  Hook(const Hook&) = delete;
-  Hook& operator=(const Hook&) = delete;
-  ~Hook() { platform::SetFailureHook(nullptr); }
-};
-
-FileStatus ReplaceInSteps(const TempFolder& root, int step, int error) {
-  countdown = step;
-  failure = error;
-  const Hook hook;
-  return platform::ReplaceFile(root.string() + "\\F", Bytes("new"),
-                               platform::Durability::kFlushedRename);
-}
-
-/// Cut short or grown between its opening and the copy.
-TEST(Replace, TakesNoFileThatIsBeingWritten) {
-  static fs::path source;
-  static std::size_t size = 0;
-  const TempFolder root;
-  source = root / "set/a";
-  WriteText(root / "f", "old");
-  for (const std::size_t cut : {0U, 3U, 9U}) {
-    WriteText(source, "12345");
-    size = cut;
-    platform::SetFailureHook([](const char* step, const char*) {
-      if (std::string_view(step) == "write") {
-        fs::resize_file(source, size);
-      }
-      return 0;
-    });
-    EXPECT_EQ(kBusy, platform::CopyOver(source.string(), root.string() + "\\f", kRename)) << cut;
-    platform::SetFailureHook(nullptr);
-    EXPECT_EQ("old", ReadText(root / "f"));
-  }
-}
-
-TEST(Replace, AFailureAtAnyStepLeavesTheOldFileAlone) {
-  constexpr int kSteps = 4;
-  const TempFolder root;
-  WriteText(root / "f", "old");
-  for (const auto& [error, status] : {std::pair(ENOSPC, kNoSpace), std::pair(EBUSY, kBusy),
-                                      std::pair(EROFS, kNoPermission), std::pair(EIO, kOther)}) {
-    for (int step = 1; step <= kSteps; ++step) {
-      EXPECT_EQ(status, ReplaceInSteps(root, step, error));
-      EXPECT_EQ("f ", Names(root.path()));
-      EXPECT_EQ("old", ReadText(root / "f"));
-    }
-  }
-  countdown = 1;
-  failure = EACCES;
-  {
-    const Hook hook;
-    EXPECT_EQ(kNoPermission, platform::DeleteFile(root.string() + "\\f"));
-  }
-  EXPECT_EQ(kOk, ReplaceInSteps(root, kSteps + 1, EIO));
-  EXPECT_EQ("new", ReadText(root / "f"));
-}
-
-TEST(Replace, AKillAtAnyStepLeavesAWholeFileAndTheNextRunCleansUp) {
-  constexpr int kSteps = 4;
-  for (int step = 1; step <= kSteps; ++step) {
-    const TempFolder root;
-    WriteText(root / "f", "old");
-    const pid_t child = fork();
-    if (child == 0) {
-      ReplaceInSteps(root, step, kKill);
-      _exit(1);
-    }
-    int result = 1;
-    ASSERT_EQ(child, waitpid(child, &result, 0));
-    ASSERT_EQ(0, result);
-    EXPECT_EQ("old", ReadText(root / "f"));
-    EXPECT_EQ(step == 1, Names(root.path()) == "f ");
-    platform::RemoveTemporaries(root.string());
-    EXPECT_EQ("f ", Names(root.path()));
-  }
-}
-
-TEST(RemoveTemporaries, TakesNothingElse) {
-  const TempFolder root;
-  const std::string alive = "~nimbrel-" + std::to_string(getppid()) + "-1.tmp";
+  ASSERT_EQ(child, waitpid(child, nullptr, 0));
+  const std::string dead = "~test-" + std::to_string(child);
+  const std::string own = "~test-" + std::to_string(getpid());
   for (const std::string& name :
-       {alive, std::string("~nimbrel-x-1.tmp"), std::string("~nimbrel-.tmp"),
-        std::string("~nimbrel-1-2.tmp.bmp"), std::string("a~nimbrel-1-2.tmp")}) {
+       {"~test-1-1.tmp"s, "~test-" + std::to_string(getppid()) + "-1.tmp", dead + "-1.tmp.bmp",
+        dead + "-0.tmp", dead + "+1.tmp", "~test-x-1.tmp"s, "~test-.tmp"s, "a~test-1-2.tmp"s,
+        "~other-1-2.tmp"s}) {
     WriteText(root / name, "");
   }
   const std::string names = Names(root.path());
-  WriteText(root / "~nimbrel-999999999-7.tmp", "");
-  platform::RemoveTemporaries(root.string());
+  for (const std::string& name : {dead + "-7.tmp", own + "-1.tmp", own + "-2.tmp"}) {
+    WriteText(root / name, "foreign");
+  }
+  EXPECT_EQ(kOk, Put("\\file", "new"));
+  EXPECT_EQ("foreign", ReadText(root / (own + "-2.tmp")));
+  EXPECT_EQ(kOk, files.SweepTemporaries(At("\\")));
+  EXPECT_EQ(At("/~TEST" + dead.substr(5) + "-7.TMP"),
+            files.HostPath(At("\\~TEST" + dead.substr(5) + "-7.TMP")));
+  EXPECT_EQ(kOk, files.DeleteFile(At("\\file")));
   EXPECT_EQ(names, Names(root.path()));
+  EXPECT_EQ(kOk, files.SweepTemporaries(At("\\missing")));
+  EXPECT_TRUE(files.IsTemporary("~test-1-2.tmp"));
+  EXPECT_FALSE(files.IsTemporary("~test-1-2.bmp") || files.IsTemporary("a~test-1-2.tmp"));
 }
 
-TEST(DeleteFile, DeletesFilesAlone) {
-  const TempFolder root;
+TEST_F(Files, AreDeletedAlone) {
   WriteText(root / "Read", "");
   fs::permissions(root / "Read", fs::perms(0444));
   WriteText(root / "Gone", "");
   fs::create_directories(root / "folder");
-  EXPECT_EQ(kReadOnly, platform::DeleteFile(root.string() + "\\read"));
-  EXPECT_EQ(kNotAFile, platform::DeleteFile(root.string() + "\\folder"));
-  EXPECT_EQ(kOk, platform::DeleteFile(root.string() + "\\gONE"));
-  EXPECT_EQ(kOk, platform::DeleteFile(root.string() + "\\gONE"));
-  EXPECT_EQ(kOk, platform::DeleteFile(root.string() + "\\no\\folder"));
-  EXPECT_EQ("Read folder ", Names(root.path()));
+  fs::create_symlink("nowhere", root / "dangling");
+  fs::create_symlink("Read", root / "link");
+  EXPECT_EQ(kReadOnly, files.DeleteFile(At("\\read")));
+  EXPECT_EQ(kReadOnly, files.DeleteFile(At("\\link")));
+  EXPECT_EQ(kNotAFile, files.DeleteFile(At("\\folder")));
+  for (const char* name : {"\\gONE", "\\gONE", "\\no\\folder", "\\dangling"}) {
+    EXPECT_EQ(kOk, files.DeleteFile(At(name))) << name;
+  }
+  EXPECT_EQ("Read folder link ", Names(root.path()));
 }
 
 }  // namespace

@@ -1,202 +1,167 @@
-#include "randomizer/mod_Randomizer.h"
-
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <iterator>
 #include <map>
+#include <set>
 #include <vector>
 
-#include "platform/random.h"
-#include "platform/system.h"
-#include "randomizer/ConstraintRows.h"
+#include "randomizer/Draw.h"
 #include "settings/Catalogue.h"
-#include "settings/Selection.h"
-#include "shell/MainSwitches.h"
-#include "support/SimulatorTree.h"
-#include "support/recorders.h"
+#include "settings/Configuration.h"
+#include "support/World.h"
 
 using namespace nimbrel;
 
 namespace {
 
-using Rows = std::vector<ConstraintRow>;
-
-/// What the constraint pages, which these tests go without, would hold.
-struct Lists {
-  std::array<Rows, kOptionGroups.size()> rows;
-  SwitchConstraints switches{true, true};
-  std::vector<std::size_t> asked;
-};
-Lists lists;
-std::uint64_t seeds = 0;
-
-constexpr std::size_t kStratusPlace = 1;
-constexpr std::size_t kSunrisePlace = 4;
-constexpr std::size_t kDayPlace = 5;
-
-struct Randomizer : testing::Test {
-  Randomizer() {
-    lists = {};
-    seeds = 0;
-    platform::SetSeedSource([] { return ++seeds; });
-  }
-  ~Randomizer() override { platform::SetSeedSource(nullptr); }
-
-  /// A catalogue with options 0 to `highest` in each group, all of them allowed.
-  void Load(std::int16_t highest) {
-    tree.Load(InformationText(highest));
-    for (Rows& rows : lists.rows) {
-      for (std::int32_t option = highest; option >= 0; --option) {
-        rows.push_back({option, true});
-      }
-    }
-  }
-  std::map<std::int16_t, int> Drawn(std::size_t group, int times) {
-    std::map<std::int16_t, int> drawn;
-    for (int i = 0; i < times; ++i) {
-      RandomizeSelection();
-      ++drawn[RandomizerRecord.*kRecordFields[group]];
-    }
-    return drawn;
-  }
-  SimulatorTree tree;
-};
-
-/// How far the counts are from equal ones; with 15 degrees of freedom one in a thousand is
-/// over 37.7.
-template <class Counts>
-double ChiSquared(const Counts& counts, double expected) {
-  double sum = 0;
-  for (const auto& [value, count] : counts) {
-    sum += (count - expected) * (count - expected) / expected;
-  }
-  return sum;
+/// The numbers of the seeds 1, 2, 3 ...
+RandomSource Seeded() {
+  return [seed = std::uint64_t{0}]() mutable { return RandomNumber(++seed); };
 }
 
-TEST_F(Randomizer, ADrawIsUniformAndStaysInsideItsBounds) {
-  std::map<std::int16_t, int> counts;
+/// The given numbers, then an exception.
+RandomSource Given(std::vector<float> numbers) {
+  return [numbers, next = std::size_t{0}]() mutable { return numbers.at(next++); };
+}
+
+Catalogue WithOptions(std::size_t count) {
+  Catalogue catalogue;
+  for (auto& options : catalogue.options) {
+    options.resize(count);
+  }
+  return catalogue;
+}
+
+/// Rows from the last option to the first, all checked.
+Constraints EverythingOf(const Catalogue& catalogue) {
+  Constraints constraints;
+  for (const GroupFacts& facts : kGroups) {
+    for (std::int32_t option = catalogue.HighestIndex(facts.group); option >= 0; --option) {
+      constraints.rows[facts.group].push_back({option, true});
+    }
+  }
+  return constraints;
+}
+
+TEST(Random, NumbersAreUniformAndHaveAllTheirBits) {
+  std::array<int, 16> first_bits{};
+  std::array<int, 16> last_bits{};
+  const RandomSource random = Seeded();
   for (int i = 0; i < 160000; ++i) {
-    ++counts[DrawIndex(15)];
+    const float number = random();
+    ++first_bits.at(static_cast<std::size_t>(16 * number));
+    ++last_bits.at(static_cast<std::size_t>(std::ldexp(number, 24)) % 16);
   }
-  ASSERT_EQ(16U, counts.size());
-  EXPECT_LT(ChiSquared(counts, 10000), 37.7);
-  constexpr std::int16_t kHighest[] = {0, 1, 2, 9, 999, 32766, 32767};
-  for (const std::int16_t highest : kHighest) {
-    for (int i = 0; i < 20000; ++i) {
-      const std::int16_t index = DrawIndex(highest);
-      ASSERT_TRUE(index >= 0 && index <= highest) << index << " of " << highest;
-    }
+  for (const auto& counts : {first_bits, last_bits}) {
+    const auto [least, most] = std::minmax_element(counts.begin(), counts.end());
+    EXPECT_TRUE(*least > 9600 && *most < 10400) << *least << " " << *most;
   }
 }
 
-/// By the real clock: a generator that starts anew from a coarse reading repeats itself.
-TEST_F(Randomizer, DrawsWithinOneTickDiffer) {
-  platform::SetSeedSource(nullptr);
-  std::map<std::int16_t, int> counts;
-  for (int i = 0; i < 1000; ++i) {
-    ++counts[DrawIndex(32767)];
-  }
-  EXPECT_GT(counts.size(), 900U);
+TEST(Random, NumbersWithinOneTickOfTheClockDiffer) {
+  std::set<float> numbers;
+  std::generate_n(std::inserter(numbers, numbers.end()), 1000, ClockRandom());
+  EXPECT_GT(numbers.size(), 900U);
 }
 
-TEST_F(Randomizer, OnlyCheckedOptionsComeUpEachAsOftenAsTheOthers) {
-  Load(5);
-  for (ConstraintRow& row : lists.rows[0]) {
-    row.checked = row.option < 3;
+TEST(PickIndex, TruncatesTheProductWithTheCount) {
+  constexpr float kLast = 0x0.FFFFFFp0F;  // before 1
+  struct Row {
+    int highest;
+    float number;
+    int index;
+  };
+  constexpr Row kRows[] = {
+      {0, kLast, 0}, {1, 0.499F, 0}, {1, 0.5F, 1},          {9, 0, 0},
+      {9, 0.3F, 3},  {9, kLast, 9},  {32766, kLast, 32766}, {32767, kLast, 32767}};
+  for (const auto& [highest, number, index] : kRows) {
+    EXPECT_EQ(index, PickIndex(static_cast<std::int16_t>(highest), Given({number}))) << highest;
   }
-  const auto drawn = Drawn(0, 3000);
-  ASSERT_EQ(3U, drawn.size());
-  EXPECT_EQ(2, drawn.rbegin()->first);
-  EXPECT_LT(ChiSquared(drawn, 1000), 13.8) << "one in a thousand with 2 degrees of freedom";
 }
 
-TEST_F(Randomizer, EachGroupObeysItsOwnColumnAndTheListsDecide) {
-  Load(3);
-  for (std::size_t group = 0; group < lists.rows.size(); ++group) {
-    for (ConstraintRow& row : lists.rows[group]) {
-      row.checked = row.option == static_cast<std::int32_t>(group % 4);
-    }
-  }
-  // Flags from before that say the opposite.
-  for (std::int16_t option = 0; option < 4; ++option) {
-    Catalogue.Tables[kSky].Cell(1, option)->InhibitRandomizer = option == 1 ? 7 : 0;
-  }
-  RandomizeSelection();
-  for (std::size_t group = 0; group < kOptionGroups.size(); ++group) {
-    EXPECT_EQ(group % 4, static_cast<std::size_t>(RandomizerRecord.*kRecordFields[group]));
-  }
-  EXPECT_EQ((std::vector<std::size_t>{0, 1, 2, 3, 8, 9, 10, 4, 5, 6, 7}), lists.asked)
-      << "clouds, waters, skies";
-  EXPECT_EQ(1, Catalogue.At(kSky, 1, 0).InhibitRandomizer);
-  EXPECT_EQ(0, Catalogue.At(kSky, 1, 1).InhibitRandomizer);
+TEST(PickChoice, DrawsCloudsWatersSkiesAndTheSwitches) {
+  const Catalogue catalogue = WithOptions(11);
+  Constraints constraints = EverythingOf(catalogue);
+  std::vector<float> numbers(11);
+  std::generate(numbers.begin(), numbers.end(), [next = 0.5F]() mutable { return next++ / 11; });
+  numbers.insert(numbers.end(), {0.5F, 0.4999F});
+  const Selection expected{{0, 1, 2, 3, 7, 8, 9, 10, 4, 5, 6}};
+  EXPECT_EQ((Choice{expected, true, false}), PickChoice(catalogue, constraints, Given(numbers)));
+
+  constraints.sun = false;
+  numbers.pop_back();
+  EXPECT_EQ((Choice{expected, false, true}), PickChoice(catalogue, constraints, Given(numbers)))
+      << "a switch that is not allowed takes no number";
+  constraints = {.rows = constraints.rows, .sun = true, .contrails = false};
+  EXPECT_EQ((Choice{expected, true, false}), PickChoice(catalogue, constraints, Given(numbers)));
 }
 
-TEST_F(Randomizer, GivesUpNoDrawAndHangsOnNone) {
-  tree.Load(InformationText(1));
-  CatalogueTable& clouds = Catalogue.Tables[kCloud];
-  clouds.Create(4, 32767);
-  Catalogue.HighestIndex[kCloud] = {32767, 32767, 0, -1};
-  for (std::int32_t option = 0; option < 32768; ++option) {
-    lists.rows[0].push_back({option, option == 31000});
-    lists.rows[kStratusPlace].push_back({32767 - option, option % 16384 == 0});
+TEST(PickChoice, OnlyCheckedOptionsComeUpEachAsOftenAsTheOthers) {
+  Catalogue catalogue = WithOptions(6);
+  Constraints constraints = EverythingOf(catalogue);
+  for (ConstraintRow& row : constraints.rows[Group::kDay]) {
+    row.checked = row.option % 2 == 0;
   }
-  lists.rows[2] = {{0, true}};
-  lists.rows[kSunrisePlace] = {{1, false}, {0, false}};
-  lists.rows[kDayPlace] = {{-1, false}, {2, true}, {70000, true}, {1, false}, {0, false}};
-  const auto drawn = Drawn(kStratusPlace, 200);
-  ASSERT_EQ(2U, drawn.size());
-  EXPECT_GT(drawn.at(32767), 60);
-  EXPECT_GT(drawn.at(16383), 60);
-  EXPECT_EQ(31000, RandomizerRecord.Solid);
-  EXPECT_EQ(0, RandomizerRecord.Wispy);
-  EXPECT_EQ(0, RandomizerRecord.Cirrus) << "no option at all";
-  EXPECT_EQ(1, RandomizerRecord.Sunrise) << "nothing allowed: the first row of the list";
-  EXPECT_EQ(0, RandomizerRecord.Day) << "rows that name no option";
-}
-
-TEST_F(Randomizer, SwitchesAreOnInHalfOfTheDrawsWhenAllowed) {
-  Load(1);
-  int on = 0;
-  for (int i = 0; i < 2000; ++i) {
-    lists.switches = {true, false};
-    RandomizeSelection();
-    on += RandomizerRecord.Sun;
-    ASSERT_EQ(0, RandomizerRecord.Contrails);
+  catalogue.options[Group::kDay][2].InhibitRandomizer = 1;  // from before; the rows decide
+  catalogue.options[Group::kNight][5].InhibitRandomizer = 7;
+  constraints.rows[Group::kNight].clear();
+  ConstrainOptions(constraints, catalogue);
+  std::map<int, int> days;
+  std::set<int> nights;
+  const RandomSource random = Seeded();
+  for (int i = 0; i < 3000; ++i) {
+    const Choice choice = PickChoice(catalogue, constraints, random);
+    ++days[choice.option[Group::kDay]];
+    nights.insert(choice.option[Group::kNight]);
   }
-  EXPECT_NEAR(1000, on, 75);
+  for (const int day : {0, 2, 4}) {
+    EXPECT_NEAR(1000, days[day], 100);
+  }
+  EXPECT_EQ(3U, days.size());
+  EXPECT_EQ(6U, nights.size()) << "a flag of 7 inhibits nothing";
 }
 
-TEST_F(Randomizer, TheRecordIsDatedAndAppliedWithItsSourceAndTheOtherSwitchesKept) {
-  Load(9);
-  platform::SetClock([] { return 40123.5; });
-  RandomizerRecord.Source = 1;
-  lists.switches = {false, false};
-  Switches().chk_Sun.SetValue(1);
-  Switches().chk_DXT.SetValue(1);
-  RandomizeSelection();
-  EXPECT_EQ(40123.5, RandomizerRecord.Date);
-  EXPECT_EQ(1, RandomizerRecord.Source);
-  ApplyRandomSelection();
-  EXPECT_EQ(RandomizerRecord.Wispy, CurrentSelection[kCloud][2]);
-  EXPECT_EQ(RandomizerRecord.Stratus, CurrentSelection[kCloud][1]);
-  EXPECT_EQ(0, Switches().chk_Sun.Value());
-  EXPECT_EQ(1, Switches().chk_DXT.Value());
+/// Nothing of a group with two options is allowed: by the rows of its list, which option is picked.
+TEST(PickChoice, WithoutAnAllowedOptionTheFirstRowCounts) {
+  const std::pair<std::vector<ConstraintRow>, int> rows[] = {
+      {{{1, false}, {0, false}}, 1},
+      {{{0, false}, {1, false}}, 0},
+      {{{-1, false}, {2, true}, {70000, true}, {1, false}, {0, false}}, 0},
+      {{{2, false}, {1, false}, {0, false}}, 0}};
+  for (const auto& [list, option] : rows) {
+    Catalogue catalogue = WithOptions(2);
+    catalogue.options[Group::kCirrus].clear();
+    const Constraints constraints{.rows = {{{list, {}, {}, list}}}};
+    ConstrainOptions(constraints, catalogue);
+    const Choice choice = PickChoice(catalogue, constraints, Seeded());
+    EXPECT_EQ(option, choice.option[Group::kSolid]);
+    EXPECT_EQ(0, choice.option[Group::kCirrus]) << "no option at all";
+  }
 }
 
-TEST_F(Randomizer, SavingCopiesListsAndBoxesIntoTheFileAndDrawsNothing) {
-  Load(2);
-  lists.rows[kDayPlace][0].checked = false;  // option 2: the rows run backwards
-  lists.switches = {false, true};
-  const std::string before = ReadText(tree.Program("NB_Information.cfg"));
-  SaveConstraints();
-  std::string expected = With(before, "dayInhibitRandomizer.2=0", "dayInhibitRandomizer.2=1");
-  expected = With(expected, "sunInhibitRandomizer=0", "sunInhibitRandomizer=1");
-  EXPECT_EQ(expected, ReadText(tree.Program("NB_Information.cfg")));
-  EXPECT_EQ(SettingsRecord{}, RandomizerRecord);
-  EXPECT_EQ(0U, seeds);
+TEST(Constraints, ReachTheInformationFile) {
+  const World world;
+  Catalogue catalogue = world.Load(InformationText(2));
+  Constraints constraints = EverythingOf(catalogue);
+  constraints.rows[Group::kDay][0].checked = false;  // option 2
+  constraints.sun = false;
+  ConstrainAll(constraints, catalogue);
+  WriteInhibitFlags(catalogue, world.folders());
+  const std::string expected =
+      With(InformationText(2), "dayInhibitRandomizer.2=0", "dayInhibitRandomizer.2=1");
+  EXPECT_EQ(With(expected, "sunInhibitRandomizer=0", "sunInhibitRandomizer=1"),
+            ReadText(world.Program("NB_Information.cfg")));
+  constraints.sun = true;
+  constraints.contrails = false;
+  ConstrainAll(constraints, catalogue);
+  EXPECT_EQ(0, catalogue.sunInhibitRandomizer);
+  EXPECT_EQ(1, catalogue.contrailsInhibitRandomizer);
 }
 
-TEST(PercentageText, HasTwoDigitsBeforeThePointAndOneBehind) {
+TEST(PercentageText, HasTwoDigitsBeforeThePointAndOneAfterIt) {
   const std::pair<int, const char*> rows[] = {{1, "100.0"},    {3, "33.3"},  {4, "25.0"},
                                               {6, "16.7"},     {12, "08.3"}, {1000, "00.1"},
                                               {32768, "00.0"}, {0, "00.0"}};
@@ -206,14 +171,3 @@ TEST(PercentageText, HasTwoDigitsBeforeThePointAndOneBehind) {
 }
 
 }  // namespace
-
-namespace nimbrel {
-
-std::vector<ConstraintRow> ConstraintRows(std::size_t group) {
-  lists.asked.push_back(group);
-  return lists.rows[group];
-}
-
-SwitchConstraints AllowedSwitches() { return lists.switches; }
-
-}  // namespace nimbrel

@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
-#include "setup/Setup.h"
+#include "setup/Command.h"
 #include "support/TempFolder.h"
+#include "support/World.h"
 
 /// What a run of the command gave.
 struct Outcome {
@@ -17,21 +17,22 @@ struct Outcome {
   std::string err;
 };
 
-using Tree = std::map<std::string, std::string>;
-/// Names below a folder with the files' contents; "/" for folders.
-Tree TreeOf(const std::filesystem::path& folder);
-
 /// A simulator that was tuned by hand and written in odd letter cases, and, somewhere else, a
-/// program and a pack to put into it.
+/// program and a pack to install in it.
 class SetupWorld : public testing::Test {
  protected:
   SetupWorld();
-  ~SetupWorld() override;
 
-  Outcome Run(const std::vector<std::string>& arguments, const std::string& answers = "") const;
+  /// "@" is the simulator's folder, at the start of an argument and in what the command wrote.
+  Outcome Run(std::vector<std::string> arguments, const std::string& answers = "") const;
+  /// The exit status of `task --yes @`.
+  int Do(const char* task) const { return Run({task, "--yes", "@"}).status; }
+
+  /// What the program does when it installs: option `option` of every group, at low resolution.
+  void Install(std::int16_t option, bool sun, bool contrails) const;
+
   /// The simulator's files and folders without those of Nimbrel.
   Tree Simulator() const;
-
   std::filesystem::path InSimulator(const std::string& file) const { return simulator / file; }
   std::filesystem::path Nimbrel(const std::string& file) const {
     return simulator / "Modules/Nimbrel" / file;
@@ -40,17 +41,10 @@ class SetupWorld : public testing::Test {
     return simulator / "Modules/Nimbrel Originals" / file;
   }
 
+  std::string WithAt(std::string text) const;
+
   TempFolder temp;
   std::filesystem::path simulator = temp / "Flug \xC3\xBC Simulator 9";
   std::filesystem::path pack = temp / "from/pack";
   nimbrel::SetupSources sources{temp / "from/nimbrel", pack};
-};
-
-/// The same with a pack that is whole enough to be installed.
-class InstallWorld : public SetupWorld {
- protected:
-  InstallWorld();
-
-  /// What the program does when it installs: option `option` of every group, at low resolution.
-  void Install(int option, bool sun, bool contrails) const;
 };

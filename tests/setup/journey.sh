@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# journey.sh SETUP PROGRAM DEMO: Nimbrel gets into a bare simulator by its own command, is used there
+# journey.sh COMMAND PROGRAM DEMO: Nimbrel gets into a bare simulator by its own command, is used there
 # on a screen, and leaves no trace.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
@@ -11,8 +11,8 @@ everything() { (cd "$1" && find . -printf '%y %p\n' | sort && find . -type f -ex
 expect_all() { # WHAT FILE
   everything "$SIMULATOR" | diff "$2" - >&2 || fail "$1"
 }
-setup() { # started without a display: it has no use for one
-  env -u DISPLAY -u WAYLAND_DISPLAY "$JOURNEY/from/nimbrel-setup" --yes "$@" "$SIMULATOR" >&2
+ctl() { # SUBCOMMAND: without a display
+  env -u DISPLAY -u WAYLAND_DISPLAY "$JOURNEY/from/nimbrelctl" "$1" --yes "$SIMULATOR" >&2
 }
 use() { # installs once
   start
@@ -28,15 +28,15 @@ cp "$1" "$2" "$JOURNEY/from"
 everything "$SIMULATOR" >"$JOURNEY/before"
 sums=$(simulator_sums)
 
-setup
+ctl setup
 use
 expect_installed 0
 record 3 0 >>"$PROGRAM/Data/History.nbh"
 use
 expect_installed 3
 expect_switches 0 0
-setup --restore
-expect "the simulator after --restore" "$(simulator_sums)" "$sums"
+ctl restore
+expect "the simulator after restore" "$(simulator_sums)" "$sums"
 use
-setup --remove
-expect_all "not as it was after --remove" "$JOURNEY/before"
+ctl remove
+expect_all "not as it was after remove" "$JOURNEY/before"

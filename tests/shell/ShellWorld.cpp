@@ -3,194 +3,81 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QMessageBox>
+#include <QListWidget>
 #include <QtTest>
 #include <cstdlib>
 #include <iostream>
 
-#include "history/frm_AddFavorite.h"
-#include "history/frm_Favorite.h"
-#include "platform/system.h"
-#include "randomizer/frm_RandomizerConstraints.h"
-#include "randomizer/frm_RandomizerOverview.h"
-#include "settings/Catalogue.h"
-#include "settings/Selection.h"
 #include "shell/Pages.h"
-#include "shell/RingPage.h"
-#include "shell/frm_About.h"
-#include "shell/frm_Main.h"
-#include "shell/frm_Msg.h"
-#include "shell/frm_Preview.h"
-#include "shell/frm_Sky.h"
-#include "shell/frm_Splash.h"
-#include "toolkit/desktop.h"
-
-namespace fs = std::filesystem;
-using nimbrel::kOptionGroups;
+#include "shell/State.h"
+#include "shell/dialogs/frm_Msg.h"
+#include "shell/pages/frm_Preview.h"
 
 namespace {
 
-constexpr int kOptions = 3;
 constexpr const char* kTreeOfParent = "NIMBREL_TEST_TREE";
-constexpr const char* kSections[] = {"CloudTextures", "SkyTextures", "WaterTextures"};
-constexpr const char* kFamilyKeys[] = {
-    "Destination=Texture\\cumulus01.bmp\r\nDestinationCirrus=Texture\r\n",
-    "Destination=Texture\r\nsunInhibitRandomizer=0\r\ncontrailsInhibitRandomizer=1\r\n",
-    "DestinationWater=Texture\r\nDestinationWaves=Waves\r\n"};
 
-void AppendNumber(std::string& bytes, unsigned value, int count) {
-  for (int i = 0; i < count; ++i) {
-    bytes += static_cast<char>((value >> (8 * i)) & 0xFFU);
-  }
-}
-
-/// A 24-bit picture of 4 by 4 pixels in one colour.
-std::string FlatPicture(platform::ColorRef color) {
-  std::string bytes = "BM";
-  for (const unsigned value : {102U, 0U, 54U, 40U, 4U, 4U}) {
-    AppendNumber(bytes, value, 4);
-  }
-  AppendNumber(bytes, 1, 2);
-  AppendNumber(bytes, 24, 2);
-  for (const unsigned value : {0U, 48U, 0U, 0U, 0U, 0U}) {
-    AppendNumber(bytes, value, 4);
-  }
-  for (int i = 0; i < 16; ++i) {
-    bytes += static_cast<char>((color >> 16U) & 0xFFU);
-    bytes += static_cast<char>((color >> 8U) & 0xFFU);
-    bytes += static_cast<char>(color & 0xFFU);
-  }
-  return bytes;
-}
-
-std::string Row(const nimbrel::OptionGroup& group, int option, const std::string& name) {
-  const std::string prefix = group.prefix;
-  const std::string end = "." + std::to_string(option) + "=";
-  return prefix + "Preview" + end + "Media\\Screen Shots\\" + name + "\r\n" + prefix + "Textures" +
-         end + "Sets\\" + name + "\r\n" + prefix + "Title" + end +
-         OptionTitle(group.family, group.index, option) + "\r\n" + prefix + "InhibitRandomizer" +
-         end + "0\r\n";
-}
-
-void WriteCatalogue(const fs::path& program) {
-  std::string text = "; kept\r\n[Main]\r\nuseDXT=1\r\nuseLowRes=0\r\n";
-  for (std::size_t family = 0; family < nimbrel::kFamilies; ++family) {
-    text += std::string("[") + kSections[family] + "]\r\n" + kFamilyKeys[family];
-    for (const nimbrel::OptionGroup& group : kOptionGroups) {
-      if (static_cast<std::size_t>(group.family) != family) {
-        continue;
-      }
-      text += std::string(group.highest_key) + "=" + std::to_string(kOptions - 1) + "\r\n";
-      for (int option = 0; option < kOptions; ++option) {
-        const std::string name = group.prefix + std::to_string(option);
-        text += Row(group, option, name);
-        WriteText(program / "Media" / "Screen Shots" / (name + ".bmp"),
-                  FlatPicture(OptionColor(group.family, group.index, option)));
-        WriteText(program / "Sets" / name / (std::string(group.prefix) + ".bmp"), name);
-      }
-    }
-  }
-  WriteText(program / "NB_Information.cfg", text);
+std::filesystem::path TreeOfParent() {
+  return testing::internal::InDeathTestChild() ? std::getenv(kTreeOfParent) : "";
 }
 
 }  // namespace
 
-platform::ColorRef OptionColor(int family, int group, int option) {
-  return platform::RGB(static_cast<unsigned>(40 + 60 * family),
-                       static_cast<unsigned>(30 + 50 * group),
-                       static_cast<unsigned>(20 + 70 * option));
-}
-
-std::string OptionTitle(int family, int group, int option) {
-  return "Title " + std::to_string(family) + std::to_string(group) + std::to_string(option);
-}
-
-ShellWorld::ShellWorld() {
-  if (testing::internal::InDeathTestChild()) {
-    root_ = std::getenv(kTreeOfParent);
-  } else {
-    root_ = folder_.emplace().path();
-    setenv(kTreeOfParent, root_.c_str(), 1);
-    WriteCatalogue(Program());
+ShellWorld::ShellWorld() : World(TreeOfParent()) {
+  if (!testing::internal::InDeathTestChild()) {
+    setenv(kTreeOfParent, Simulator("..").c_str(), 1);
+    MakeFolders();
+    WritePack(Program(), 2);
+    MarkUnchanged();
   }
-  for (const char* name : {"Texture", "Waves", "Effects"}) {
-    fs::create_directories(Simulator() / name);
-  }
-  fs::create_directories(Program() / "Data");
-  platform::SetApplicationFolder(Program().string());
-  toolkit::SetSoundListener([](std::string_view) {});
-  nimbrel::CurrentSelection = {};
-  nimbrel::RandomizerRecord = {};
-  nimbrel::CurrentPage.clear();
+  nimbrel::ui.folders = folders();
 }
 
 ShellWorld::~ShellWorld() {
   nimbrel::ReleasePreview();
-  nimbrel::HidePage(nimbrel::CurrentPage);
-  nimbrel::ReleaseCloudPage();
-  nimbrel::ReleaseSkyPage();
-  nimbrel::ReleaseWaterPage();
-  nimbrel::ReleaseRandomizerOverview();
-  for (const std::int16_t family : {nimbrel::kCloud, nimbrel::kSky, nimbrel::kWater}) {
-    nimbrel::ReleaseRandomizerPage(family);
-  }
-  nimbrel::ReleaseFavoritePage();
-  nimbrel::ReleaseAddFavoriteForm();
-  nimbrel::ReleaseAboutPage();
-  nimbrel::ReleaseMainForm();
-  nimbrel::ReleaseMessageForm();
-  nimbrel::ReleaseSplashForm();
-  toolkit::SetSoundListener(nullptr);
-  platform::SetApplicationFolder({});
+  nimbrel::HidePage(nimbrel::ui.CurrentPage);
+  nimbrel::ui = {};
 }
 
-std::map<std::string, std::string> ShellWorld::Files() const {
-  std::map<std::string, std::string> files;
-  for (const auto& entry : fs::recursive_directory_iterator(Simulator())) {
-    if (entry.is_regular_file()) {
-      files[entry.path().lexically_relative(Program()).string()] = ReadText(entry.path());
-    }
-  }
-  return files;
+std::string OptionTitle(nimbrel::Group group, int option) {
+  return nimbrel::kGroups[group].prefix + std::string(" title ") + std::to_string(option);
 }
 
-std::vector<std::string> ShellWorld::Changes(
-    const std::map<std::string, std::string>& before) const {
-  const auto after = Files();
-  std::vector<std::string> changed;
-  for (const auto& [path, bytes] : before) {
-    if (!after.contains(path) || after.at(path) != bytes) {
-      changed.push_back(path);
-    }
-  }
-  for (const auto& [path, bytes] : after) {
-    if (!before.contains(path)) {
-      changed.push_back(path);
-    }
-  }
-  return changed;
+std::uint32_t ColorAt(const toolkit::Container& surface, QPoint at) {
+  const platform::ColorRef color = platform::GetPixel(surface.hDC(), at.x(), at.y());
+  return (color & 0xFFU) << 16U | (color & 0xFF00U) | (color >> 16U & 0xFFU);
 }
 
 QWidget* Window(std::string_view form, std::string_view control) {
-  const auto form_name = QString::fromUtf8(form.data(), static_cast<int>(form.size()));
-  const auto name = QString::fromUtf8(control.data(), static_cast<int>(control.size()));
   for (QWidget* window : QApplication::allWidgets()) {
-    if (window->objectName() == form_name) {
-      return name.isEmpty() ? window : window->findChild<QWidget*>(name);
+    if (window->objectName() == QString::fromStdString(std::string(form))) {
+      return control.empty()
+                 ? window
+                 : window->findChild<QWidget*>(QString::fromStdString(std::string(control)));
     }
   }
-  ADD_FAILURE() << "no window " << form << " " << control;
+  ADD_FAILURE() << "no window " << form;
   return nullptr;
 }
 
-void Press(std::string_view form, std::string_view button) {
-  QWidget* strip = Window(form, button)->findChild<QWidget*>("pic_BG");
-  ASSERT_NE(nullptr, strip) << button;
-  QTest::mouseClick(strip, Qt::LeftButton, {}, {6, 6});
+void Press(std::string_view form, std::string_view control) {
+  QWidget* pressed = Window(form, control);
+  ASSERT_NE(nullptr, pressed) << control;
+  QWidget* strip = control.empty() ? nullptr : pressed->findChild<QWidget*>("pic_BG");
+  QTest::mouseClick(strip != nullptr ? strip : pressed, Qt::LeftButton, {}, {6, 6});
 }
 
-void ClickOn(std::string_view form, std::string_view control) {
-  QTest::mouseClick(Window(form, control), Qt::LeftButton, {}, {3, 3});
+void PressAndThen(std::string_view form, std::string_view button, std::function<void()> then) {
+  QTimer::singleShot(0, std::move(then));
+  Press(form, button);
+}
+
+void ClickRow(std::string_view form, std::string_view list, int row, int right) {
+  auto* widget = qobject_cast<QListWidget*>(Window(form, list));
+  ASSERT_NE(nullptr, widget) << list;
+  const QRect place = widget->visualItemRect(widget->item(row));
+  QTest::mouseClick(widget->viewport(), Qt::LeftButton, {},
+                    {place.left() + right, place.center().y()});
 }
 
 Answers::Answers() {
@@ -199,17 +86,15 @@ Answers::Answers() {
 }
 
 void Answers::Answer() {
-  if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-    std::cerr << box->text().toStdString() << '\n';
-    box->close();
-    return;
-  }
-  nimbrel::frm_Msg& dialog = nimbrel::MessageForm();
-  if (!pressing_ && dialog.form.Visible() && dialog.btn_OK.Visible()) {
-    titles.push_back(dialog.lbl_Title.Caption());
-    texts.push_back(dialog.lbl_Message.Caption());
+  const auto& dialog = nimbrel::ui.forms.message;
+  if (!pressing_ && dialog != nullptr && dialog->form.Visible() && dialog->btn_OK.Visible()) {
+    titles.push_back(dialog->lbl_Title.Caption());
+    texts.push_back(dialog->lbl_Message.Caption());
     std::cerr << texts.back() << '\n';
-    // A timer does not fire inside its own slot, and an OK may bring up the next message.
+    if (on_text) {
+      on_text(texts.back());
+    }
+    // A timer does not fire inside its own slot, and an OK may open the next message.
     pressing_ = true;
     QTimer::singleShot(0, &timer_, [this] {
       pressing_ = false;

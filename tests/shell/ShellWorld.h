@@ -2,54 +2,54 @@
 
 #include <QTimer>
 #include <QWidget>
-#include <map>
-#include <optional>
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/gdi.h"
-#include "support/TempFolder.h"
+#include "support/World.h"
+#include "toolkit/forms.h"
 
-/// A simulator tree with the program two levels below its root, and a catalogue of three options in
-/// each of the eleven groups. Nothing is started yet. At the end every form is given back. The
-/// child process of a death test takes its parent's tree over.
-class ShellWorld {
+/// A simulator with the program's pack of three options in each group, and an interface that knows
+/// its folders. Nothing is started yet. At the end the interface is as new. The child process of a
+/// death test works in its parent's simulator.
+class ShellWorld : public World {
  public:
   ShellWorld();
   ShellWorld(const ShellWorld&) = delete;
   ShellWorld& operator=(const ShellWorld&) = delete;
   ~ShellWorld();
 
-  std::filesystem::path Simulator() const { return root_ / "sim"; }
-  std::filesystem::path Program() const { return Simulator() / "Addons" / "Nimbrel"; }
-  /// Every file of the tree with its bytes, by its path in the program's folder.
-  std::map<std::string, std::string> Files() const;
-  /// The files that are not as they were in `before`.
-  std::vector<std::string> Changes(const std::map<std::string, std::string>& before) const;
+  /// Paths below the simulator that are not as they were when it was made or last marked.
+  std::vector<std::string> Changed() const { return Changes(before_, Files(Simulator())); }
+  void MarkUnchanged() { before_ = Files(Simulator()); }
 
  private:
-  std::optional<TempFolder> folder_;  ///< the child process would leave one behind
-  std::filesystem::path root_;
+  Tree before_;
 };
 
-/// The colour of the preview picture of an option, by (family, group, option).
-platform::ColorRef OptionColor(int family, int group, int option);
-std::string OptionTitle(int family, int group, int option);
+std::string OptionTitle(nimbrel::Group group, int option);
 
-/// The native window of a control; fails the test when there is none.
+/// A pixel of what is drawn on the form or picture box, as 0x00RRGGBB.
+std::uint32_t ColorAt(const toolkit::Container& surface, QPoint at);
+
+/// The native window of a control; fails the test if it is not found.
 QWidget* Window(std::string_view form, std::string_view control = {});
-/// Presses and releases the left button over a skinned button.
-void Press(std::string_view form, std::string_view button);
-void ClickOn(std::string_view form, std::string_view control);
+/// Presses and releases the left button over a control, of a skinned button over its strip.
+void Press(std::string_view form, std::string_view control = {});
+/// Presses a button that opens a modal dialog, and runs `then` once the dialog is open.
+void PressAndThen(std::string_view form, std::string_view button, std::function<void()> then);
+/// Clicks on a row of a list, `right` pixels from its left end.
+void ClickRow(std::string_view form, std::string_view list, int row, int right = 10);
 
-/// While one lives, every message is answered with its OK button as soon as it stands, and the
-/// system's own error box is closed.
+/// While one lives, every message is answered with its OK button as soon as it is shown.
 class Answers {
  public:
   Answers();
   std::vector<std::string> titles;
   std::vector<std::string> texts;
+  std::function<void(const std::string& text)> on_text;  ///< before the press
 
  private:
   void Answer();

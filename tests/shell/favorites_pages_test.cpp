@@ -1,24 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QListWidget>
-#include <QPlainTextEdit>
-#include <QTest>
-#include <QTimer>
-#include <functional>
+#include <QLineEdit>
+#include <QtTest>
 
 #include "ShellWorld.h"
-#include "history/frm_AddFavorite.h"
-#include "history/frm_Favorite.h"
-#include "history/mod_Favorites.h"
-#include "platform/files.h"
+#include "app/mod_Main.h"
 #include "platform/text.h"
-#include "settings/Selection.h"
-#include "settings/mod_Main.h"
-#include "shell/Pages.h"
-#include "shell/frm_Main.h"
-#include "shell/frm_Msg.h"
+#include "shell/State.h"
+#include "shell/dialogs/frm_AddFavorite.h"
+#include "shell/pages/frm_Favorite.h"
+#include "shell/pages/frm_Main.h"
 
 using namespace nimbrel;
 namespace fs = std::filesystem;
@@ -27,149 +18,114 @@ namespace {
 
 constexpr const char* kTitleText = "Enter a Title for this Favorite";
 
-SettingsRecord Choice(std::int16_t option) {
-  SettingsRecord record;
-  for (const auto field : kRecordFields) {
-    record.*field = option;
-  }
-  record.Sun = 1;
-  record.Contrails = option == 1 ? 1 : 0;
-  return record;
+Choice EachOf(std::int16_t option) {
+  Choice choice;
+  choice.option.values.fill(option);
+  choice.sun = true;
+  choice.contrails = option == 1;
+  return choice;
 }
 
 /// A started program with the given favourites.
 class FavoritesTest : public testing::Test {
  protected:
-  void Write(const std::string& name, const FavoriteRecord& favorite) const {
-    const auto bytes = EncodeFavorite(favorite);
-    WriteText(world.Program() / "Favorites" / (name + ".nbf"),
+  void Write(const std::string& name, const std::string& title, const std::string& description,
+             std::int16_t option) const {
+    const auto bytes = EncodeFavorite({title, description, {.choice = EachOf(option)}});
+    WriteText(world.Program("Favorites/" + name + ".nbf"),
               {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
   }
-  static void Start() { StartProgram(); }
   static void OpenPage() { Press("frm_Main", "btn_Favorites"); }
-  static void ClickRow(int row) {
-    auto* list = static_cast<QListWidget*>(Window("frm_Favorite", "lst_Favorites"));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualItemRect(list->item(row)).center());
-  }
-  static std::string Solid() { return FavoritePage().GroupValues[0].Caption(); }
-  /// Runs once the dialog that the press opens is up.
-  static void PressAndThen(const char* form, const char* button, std::function<void()> then) {
-    QTimer::singleShot(0, std::move(then));
-    Press(form, button);
-  }
+  static frm_Favorite& Page() { return *ui.forms.favorites; }
+  static frm_AddFavorite& Dialog() { return *ui.forms.add_favorite; }
+  static void ClickFavorite(int row) { ClickRow("frm_Favorite", "lst_Favorites", row); }
 
   ShellWorld world;
 };
 
-TEST_F(FavoritesTest, FirstOneIsShownAtTheFirstVisit) {
-  Write("a", {" Alpha ", " words\r\nmore ", Choice(1)});
-  Write("b", {"Beta", "", Choice(30000)});
-  Start();
+TEST_F(FavoritesTest, PageShowsTheSelectedOneAndLoadMakesItTheSelection) {
+  Write("a", " Alpha ", " words\r\nmore ", 1);
+  Write("b", "Beta", "", 30000);
+  StartProgram();
   OpenPage();
-  frm_Favorite& page = FavoritePage();
-  EXPECT_EQ("frm_Favorite", CurrentPage);
-  EXPECT_EQ("Alpha", page.lst_Favorites.List(0));
-  EXPECT_EQ(0, page.lst_Favorites.ListIndex());
-  for (std::size_t i = 0; i < kOptionGroups.size(); ++i) {
-    const OptionGroup& group = kOptionGroups[i];
-    EXPECT_EQ(OptionTitle(group.family, group.index, 1), page.GroupValues[i].Caption());
+  EXPECT_EQ("Alpha", Page().lst_Favorites.List(0));
+  EXPECT_EQ(0, Page().lst_Favorites.ListIndex());
+  for (const GroupFacts& facts : kGroups) {
+    EXPECT_EQ(OptionTitle(facts.group, 1), Page().titles[facts.group]->Caption());
   }
-  EXPECT_EQ("Yes /  Yes", page.lbl_SunContrail.Caption());
-  EXPECT_EQ("words\r\nmore", page.lbl_Description.Caption());
-  ClickRow(1);
-  EXPECT_EQ(1, page.lst_Favorites.ListIndex());
-  EXPECT_EQ("", Solid()) << "an index outside the catalogue is an option without a title";
-  EXPECT_EQ("Yes /  No", page.lbl_SunContrail.Caption());
-  EXPECT_EQ(0, CurrentSelection[0][0]);
+  EXPECT_EQ("Yes /  Yes", Page().lbl_SunContrail.Caption());
+  EXPECT_EQ("words\r\nmore", Page().lbl_Description.Caption());
+  ClickFavorite(1);
+  EXPECT_EQ(1, Page().lst_Favorites.ListIndex());
+  EXPECT_EQ("", Page().titles[Group::kSolid]->Caption()) << "an index outside the catalogue";
+  EXPECT_EQ("Yes /  No", Page().lbl_SunContrail.Caption());
+  EXPECT_EQ(Selection(), ui.CurrentSelection);
   Press("frm_Main", "btn_Home");
   OpenPage();
-  EXPECT_EQ(1, page.lst_Favorites.ListIndex());
-}
-
-TEST_F(FavoritesTest, ClickFarDownKeepsTheRowUnderThePointer) {
-  for (int i = 100; i < 300; ++i) {
-    Write("f" + std::to_string(i), {"row " + std::to_string(i), "", Choice(1)});
-  }
-  Start();
-  OpenPage();
-  toolkit::ListBox& list = FavoritePage().lst_Favorites;
-  list.SetTopIndex(120);
-  ClickRow(125);
-  EXPECT_EQ(125, list.ListIndex());
-  EXPECT_EQ(120, list.TopIndex());
-}
-
-TEST_F(FavoritesTest, LoadMakesItTheSelectionAndGoesHome) {
-  Write("a", {"Alpha", "", Choice(1)});
-  Write("b", {"Beta", "", Choice(2)});
-  Start();
+  EXPECT_EQ(1, Page().lst_Favorites.ListIndex());
   Answers answers;
-  OpenPage();
-  ClickRow(1);
   Press("frm_Favorite", "btn_Load");
-  EXPECT_EQ(2, CurrentSelection[2][2]);
-  EXPECT_EQ("frm_Main", CurrentPage);
-  EXPECT_FALSE(FavoritePage().form.Visible());
+  EXPECT_EQ(EachOf(30000).option, ui.CurrentSelection);
+  EXPECT_EQ("frm_Main", ui.CurrentPage);
+  EXPECT_FALSE(Page().form.Visible());
+  EXPECT_FALSE(IsOn(ui.forms.main->chk_Contrails));
   EXPECT_EQ((std::vector<std::string>{"Favorites Collection Loaded"}), answers.titles);
 }
 
-TEST_F(FavoritesTest, DeleteTakesTheSelectedFileAfterTheQuestion) {
-  Write("a", {"Alpha", "", Choice(1)});
-  Write("b", {"Beta", "", Choice(2)});
-  Start();
+TEST_F(FavoritesTest, DeleteRemovesTheSelectedFileAfterTheQuestion) {
+  Write("a", "Alpha", "", 1);
+  Write("b", "Beta", "", 2);
+  fs::permissions(world.Program("Favorites/a.nbf"), fs::perms::owner_read);
+  StartProgram();
   OpenPage();
-  ClickRow(1);
+  ClickFavorite(1);
   PressAndThen("frm_Favorite", "btn_Delete", [] { Press("frm_Msg", "btn_Cancel"); });
-  EXPECT_EQ(0, PendingMessageAction);
-  EXPECT_EQ(1, FavoriteLastIndex);
-  for (const int left : {0, -1}) {
-    PressAndThen("frm_Favorite", "btn_Delete", [] { Press("frm_Msg", "btn_OK"); });
-    EXPECT_EQ(0, PendingMessageAction);
-    EXPECT_EQ(left, FavoriteLastIndex);
-  }
-  EXPECT_TRUE(fs::is_empty(world.Program() / "Favorites"));
-  EXPECT_EQ(0, FavoritePage().lst_Favorites.ListCount());
-  for (toolkit::Label* label : FavoritePage().Values()) {
-    EXPECT_EQ("", label->Caption());
-  }
+  EXPECT_EQ(0, ui.PendingMessageAction);
+  EXPECT_EQ(2U, ui.favorites.size());
   Answers answers;
+  Press("frm_Favorite", "btn_Delete");
+  EXPECT_EQ(0, ui.PendingMessageAction);
+  EXPECT_FALSE(fs::exists(world.Program("Favorites/b.nbf")));
+  EXPECT_EQ("Alpha", Page().lst_Favorites.List(0));
+  Press("frm_Favorite", "btn_Delete");
+  EXPECT_EQ(0, ui.PendingMessageAction);
+  EXPECT_EQ(0, Page().lst_Favorites.ListIndex());
+  EXPECT_EQ(
+      "The favorite collection was not deleted: its file is read-only.\r\r"
+      "Press the checkmark to continue.",
+      answers.texts.back());
+  fs::permissions(world.Program("Favorites/a.nbf"), fs::perms::owner_all);
+  Press("frm_Favorite", "btn_Delete");
+  EXPECT_TRUE(fs::is_empty(world.Program("Favorites")));
+  EXPECT_EQ(0, Page().lst_Favorites.ListCount());
+  EXPECT_EQ("", Page().titles[Group::kSolid]->Caption());
+  EXPECT_EQ("", Page().lbl_SunContrail.Caption());
+  answers.titles.clear();
   Press("frm_Favorite", "btn_Delete");
   Press("frm_Favorite", "btn_Load");
-  EXPECT_TRUE(answers.titles.empty());
-  EXPECT_EQ("frm_Favorite", CurrentPage);
+  EXPECT_TRUE(answers.titles.empty()) << "no row is selected";
+  EXPECT_EQ("frm_Favorite", ui.CurrentPage);
 }
 
-TEST_F(FavoritesTest, DeleteThatFailsIsToldAndPendsNoMore) {
-  Write("a", {"Alpha", "", Choice(1)});
-  Start();
-  OpenPage();
-  platform::SetFailureHook(
-      [](const char* step, const char*) { return std::string_view(step) == "delete" ? 13 : 0; });
-  Answers answers;
-  Press("frm_Favorite", "btn_Delete");
-  platform::SetFailureHook(nullptr);
-  EXPECT_EQ(2U, answers.titles.size());
-  EXPECT_EQ(0, PendingMessageAction);
-  EXPECT_EQ(0, FavoritePage().lst_Favorites.ListIndex());
-  EXPECT_FALSE(MessageForm().form.Visible());
-}
-
-TEST_F(FavoritesTest, DialogSavesWhatIsTyped) {
-  Start();
+TEST_F(FavoritesTest, AddTakesTheTypedTextsAndTheSelection) {
+  StartProgram();
+  ui.Now = [] { return 39087.5; };
+  ui.CurrentSelection[Group::kDay] = 2;
   PressAndThen("frm_Main", "btn_AddFavorite", [] {
-    Window("frm_AddFavorite")->activateWindow();  // what a window manager does by itself
+    Window("frm_AddFavorite")->activateWindow();
     toolkit::DoEvents();
-    frm_AddFavorite& dialog = AddFavoriteForm();
-    const toolkit::Form& main = MainForm().form;
-    EXPECT_FLOAT_EQ(main.Left() + main.Width() / 2, dialog.form.Left() + dialog.form.Width() / 2);
-    EXPECT_EQ(31, dialog.txt_Title.SelLength()) << "the placeholder is selected whole";
-    QWidget* title = Window("frm_AddFavorite", "txt_Title");
+    const toolkit::Form& main = ui.forms.main->form;
+    EXPECT_FLOAT_EQ(main.Left() + main.Width() / 2,
+                    Dialog().form.Left() + Dialog().form.Width() / 2);
+    EXPECT_FLOAT_EQ(main.Top() + main.Height() / 2,
+                    Dialog().form.Top() + Dialog().form.Height() / 2);
+    auto* title = static_cast<QLineEdit*>(Window("frm_AddFavorite", "txt_Title"));
+    EXPECT_EQ(kTitleText, title->selectedText().toStdString());
     QTest::keyClicks(title, "My sky");
     QTest::keyClick(title, Qt::Key_Return);
-    EXPECT_TRUE(dialog.form.Visible());
-    auto* description = Window("frm_AddFavorite", "txt_Description");
+    EXPECT_TRUE(Dialog().form.Visible());
     QTest::keyClick(title, Qt::Key_Tab);
+    auto* description = Window("frm_AddFavorite", "txt_Description");
     QTest::keyClicks(description, "one");
     QTest::keyClick(description, Qt::Key_Return);
     QTest::keyClicks(description, "two");
@@ -177,71 +133,61 @@ TEST_F(FavoritesTest, DialogSavesWhatIsTyped) {
     Press("frm_AddFavorite", "btn_Continue");
     EXPECT_EQ((std::vector<std::string>{"Favorite Collection Saved"}), answers.titles);
   });
-  EXPECT_FALSE(AddFavoriteForm().form.Visible());
-  EXPECT_EQ(kTitleText, AddFavoriteForm().txt_Title.Text());
-  ASSERT_EQ(0, FavoriteLastIndex);
-  EXPECT_EQ("My sky", FavoriteEntries[0].Title);
-  EXPECT_EQ("one\r\ntwo", FavoriteEntries[0].Description);
-  EXPECT_EQ("My sky", FavoritePage().lst_Favorites.List(0));
+  EXPECT_FALSE(Dialog().form.Visible());
+  EXPECT_EQ(kTitleText, Dialog().txt_Title.Text());
+  ASSERT_EQ(1U, ui.favorites.size());
+  const FavoriteRecord& saved = ui.favorites[0].record;
+  EXPECT_EQ("My sky", saved.Title);
+  EXPECT_EQ("one\r\ntwo", saved.Description);
+  EXPECT_EQ((SettingsRecord{39087.5, kFromFavorite, {ui.CurrentSelection, true, true}}),
+            saved.Settings);
+  EXPECT_EQ("My sky", Page().lst_Favorites.List(0));
 }
 
-TEST_F(FavoritesTest, RandomizersPageSavesWhatWasDrawn) {
-  Start();
+TEST_F(FavoritesTest, RandomizersPageSavesWhatWasDrawnWithTextsCutToTheirFields) {
+  StartProgram();
   Press("frm_Main", "btn_Randomizer");
-  RandomizerRecord.Solid = 2;
+  ui.RandomizerRecord.choice = EachOf(2);
   PressAndThen("frm_RandomizerOverview", "btn_AddFavorite", [] {
-    const Answers answers;
-    Press("frm_AddFavorite", "btn_Continue");
-  });
-  ASSERT_EQ(0, FavoriteLastIndex);
-  EXPECT_EQ(2, FavoriteEntries[0].Settings.Solid);
-  EXPECT_EQ(0, CurrentSelection[kCloud][0]);
-}
-
-TEST_F(FavoritesTest, PastedTextIsCutToItsFieldAndKeptInTheFilesCodePage) {
-  Start();
-  PressAndThen("frm_Main", "btn_AddFavorite", [] {
-    Window("frm_AddFavorite")->activateWindow();
-    toolkit::DoEvents();
-    QGuiApplication::clipboard()->setText(QChar(0x2603) + QString(1100, QChar(0xE9)));
-    for (const auto& [box, most] : {std::pair{&AddFavoriteForm().txt_Title, 254U},
-                                    std::pair{&AddFavoriteForm().txt_Description, 999U}}) {
-      box->SetText({});
-      QTest::keyClick(Window("frm_AddFavorite", box->Name()), Qt::Key_V, Qt::ControlModifier);
-      EXPECT_EQ(most, platform::ToAnsi(box->Text()).size());
+    std::string accents;
+    while (accents.size() < 2200) {
+      accents += "\xC3\xA9";
     }
-    AddFavoriteForm().txt_Title.SetText("\xE2\x98\x83 ski");
+    Dialog().txt_Description.SetText("\xE2\x98\x83" + accents);
+    Dialog().txt_Title.SetText(accents);
+    EXPECT_EQ(254U, platform::ToAnsi(Dialog().txt_Title.Text()).size());
+    Dialog().txt_Title.SetText("\xE2\x98\x83 ski");
     const Answers answers;
     Press("frm_AddFavorite", "btn_Continue");
   });
-  const std::string bytes = ReadText(world.Program() / "Favorites" / "\xE2\x98\x83_ski.nbf");
+  const std::string bytes = ReadText(world.Program("Favorites/\xE2\x98\x83_ski.nbf"));
   EXPECT_EQ("? ski", bytes.substr(0, bytes.find('\0')));
   EXPECT_EQ("?" + std::string(998, '\xE9') + '\0', bytes.substr(255, 1000));
-  EXPECT_EQ("? ski", FavoritePage().lst_Favorites.List(0));
+  ASSERT_EQ(1U, ui.favorites.size());
+  EXPECT_EQ(EachOf(2), ui.favorites[0].record.Settings.choice);
+  EXPECT_EQ(kFromFavorite, ui.favorites[0].record.Settings.Source);
 }
 
 TEST_F(FavoritesTest, FailedAndDeclinedSavesLeaveTheTextAndCancelDropsIt) {
-  Write("taken", {"taken", "old", Choice(1)});
-  Start();
-  const auto before = world.Files();
+  Write("taken", "taken", "old", 1);
+  StartProgram();
+  world.MarkUnchanged();
   PressAndThen("frm_Main", "btn_AddFavorite", [] {
-    frm_AddFavorite& dialog = AddFavoriteForm();
-    dialog.txt_Title.SetText(std::string(254, 'x'));
-    dialog.txt_Description.SetText("mine");
+    Dialog().txt_Title.SetText(std::string(254, 'x'));
+    Dialog().txt_Description.SetText("mine");
     Press("frm_AddFavorite", "btn_Continue");
-    EXPECT_TRUE(dialog.form.Visible());
-    EXPECT_EQ("mine", dialog.txt_Description.Text());
-    EXPECT_EQ(std::string(254, 'x'), dialog.txt_Title.Text());
-    dialog.txt_Title.SetText("(taken)");
+    EXPECT_TRUE(Dialog().form.Visible());
+    EXPECT_EQ("mine", Dialog().txt_Description.Text());
+    Dialog().txt_Title.SetText("(taken)");
     PressAndThen("frm_AddFavorite", "btn_Continue", [] { Press("frm_Msg", "btn_Cancel"); });
-    EXPECT_TRUE(dialog.form.Visible());
-    EXPECT_EQ("(taken)", dialog.txt_Title.Text());
+    EXPECT_TRUE(Dialog().form.Visible());
+    EXPECT_EQ("(taken)", Dialog().txt_Title.Text());
     Window("frm_AddFavorite")->close();
   });
-  EXPECT_FALSE(AddFavoriteForm().form.Visible());
-  EXPECT_EQ(kTitleText, AddFavoriteForm().txt_Title.Text());
-  EXPECT_EQ("Enter a Description for this Favorite", AddFavoriteForm().txt_Description.Text());
-  EXPECT_EQ(std::vector<std::string>(), world.Changes(before));
+  EXPECT_FALSE(Dialog().form.Visible());
+  EXPECT_EQ(kTitleText, Dialog().txt_Title.Text());
+  EXPECT_EQ("Enter a Description for this Favorite", Dialog().txt_Description.Text());
+  EXPECT_EQ(std::vector<std::string>(), world.Changed());
 }
 
 }  // namespace

@@ -1,152 +1,146 @@
 #include <gtest/gtest.h>
 
 #include <QtTest>
-#include <array>
-#include <memory>
 
 #include "ShellWorld.h"
-#include "platform/system.h"
-#include "settings/Selection.h"
-#include "settings/SettingsRecord.h"
-#include "settings/mod_Main.h"
-#include "shell/MainSwitches.h"
-#include "shell/Pages.h"
-#include "shell/frm_Main.h"
-#include "shell/frm_Msg.h"
-#include "shell/frm_Preview.h"
-#include "toolkit/desktop.h"
+#include "app/mod_Main.h"
+#include "shell/State.h"
+#include "shell/pages/frm_Main.h"
+#include "shell/pages/frm_Preview.h"
+#include "support/BmpFile.h"
+#include "support/OpenedDocument.h"
 
 namespace nimbrel {
 namespace {
 
-/// A page with one list, standing for the real ones.
-struct TestPage {
-  toolkit::Form form{"frm_Test"};
-  toolkit::PictureBox list{form, "lst_Test"};
-};
-std::unique_ptr<TestPage> test_page;
-std::array<toolkit::Control*, 1> test_lists{};
-
-constexpr Page kTestPage{"frm_test", FormId::kFavorite,
-                         []() -> toolkit::Form& { return test_page->form; },
-                         [] { return std::span<toolkit::Control* const>(test_lists); }};
-
 struct Navigation : testing::Test {
-  Navigation() {
-    StartProgram();
-    test_page = std::make_unique<TestPage>();
-    test_page->list.SetVisible(false);
-    test_lists = {&test_page->list};
-    SetFormLoaded(FormId::kFavorite);
-    Pages = {&kTestPage, 1};
-  }
-  ~Navigation() override {
-    Pages = pages_;
-    ClearFormLoaded(FormId::kFavorite);
-    test_page.reset();
-  }
+  Navigation() { StartProgram(); }
+  static frm_Main& Main() { return *ui.forms.main; }
   ShellWorld world;
-
- private:
-  std::span<const Page> pages_ = Pages;
 };
 
-TEST_F(Navigation, APageLiesOverThePanelAndComesOutAgain) {
-  for (int round = 0; round < 2; ++round) {
-    ShowPage(test_page->form);
-    EXPECT_EQ(Window("frm_Main"), Window("frm_Test")->parentWidget());
-    EXPECT_EQ(QPoint(177, 128), Window("frm_Test")->pos());
-    EXPECT_TRUE(test_page->form.Visible());
-    EXPECT_TRUE(test_page->list.Visible());
+/// A press that opens a page, the icon over the page, and a list on it that is hidden with it.
+struct Step {
+  const char* form;
+  const char* control;
+  const char* page;
+  const char* icon;
+  const char* list = nullptr;
+};
+constexpr const char* kMain = "frm_Main";
+constexpr const char* kOverview = "frm_RandomizerOverview";
+constexpr Step kSteps[] = {
+    {kMain, "btn_Favorites", "frm_Favorite", "icon_Favorites.bmp", "lst_Favorites"},
+    {kMain, "btn_3d", "frm_3d", "icon_3d.bmp"},
+    {kMain, "btn_Sky", "frm_Sky", "icon_Sky.bmp"},
+    {kMain, "btn_Water", "frm_Water", "icon_Water.bmp"},
+    {kMain, "btn_Water", "frm_Water", "icon_Water.bmp"},
+    {kMain, "btn_Randomizer", kOverview, "icon_Randomizer.bmp"},
+    {kOverview, "lbl_Overview", kOverview, "icon_Randomizer.bmp"},
+    {kOverview, "lbl_Sky", "frm_RandomizerSky", "icon_Randomizer.bmp", "lst_Day"},
+    {"frm_RandomizerSky", "lbl_Water", "frm_RandomizerWater", "icon_Randomizer.bmp", "lst_Waves"},
+    {"frm_RandomizerWater", "lbl_Cloud", "frm_RandomizerCloud", "icon_Randomizer.bmp", "lst_Solid"},
+    {"frm_RandomizerCloud", "lbl_Overview", kOverview, "icon_Randomizer.bmp"},
+    {kMain, "btn_About", "frm_About", "icon_About.bmp"},
+};
+
+TEST_F(Navigation, EachButtonAndTabPutsItsPageOverThePanelInPlaceOfTheLast) {
+  const Step* left = nullptr;
+  std::uint32_t color = 0;
+  for (const Step& step : kSteps) {
+    if (left == nullptr || step.icon != std::string(left->icon)) {
+      color += 0x101010;
+      WriteText(world.Program("Media/" + std::string(step.icon)),
+                ColorBmp(44, 44, [color](int, int) { return color; }).Bytes());
+    }
+    Press(step.form, step.control);
+    EXPECT_EQ(0, QString::compare(step.page, ui.CurrentPage.c_str(), Qt::CaseInsensitive));
+    EXPECT_EQ(Window(kMain), Window(step.page)->parentWidget());
+    EXPECT_EQ(QPoint(177, 128), Window(step.page)->pos());
+    EXPECT_TRUE(Window(step.page)->isVisible());
+    EXPECT_TRUE(step.list == nullptr || Window(step.page, step.list)->isVisible());
+    EXPECT_EQ(color, ColorAt(Main().pic_ScreenIcon, {20, 20})) << step.icon;
+    if (left != nullptr && left->page != std::string(step.page)) {
+      EXPECT_FALSE(Window(left->page)->isVisible());
+      EXPECT_EQ(nullptr, Window(left->page)->parentWidget());
+      EXPECT_TRUE(left->list == nullptr || Window(left->page, left->list)->isHidden());
+    }
+    left = &step;
   }
-  HidePage("FRM_Test");
-  EXPECT_EQ(nullptr, Window("frm_Test")->parentWidget());
-  EXPECT_FALSE(test_page->form.Visible());
-  EXPECT_FALSE(test_page->list.Visible());
+  ui.CurrentSelection[Group::kStratus] = 2;
+  Press(kMain, "btn_Home");
+  EXPECT_FALSE(Window(left->page)->isVisible());
+  EXPECT_EQ(kMain, ui.CurrentPage);
+  EXPECT_FALSE(Window(kMain, "pic_ScreenIcon")->isVisible()) << "its file is missing";
+  EXPECT_EQ(OptionTitle(Group::kStratus, 2), Main().titles[Group::kStratus]->Caption());
 }
 
-TEST_F(Navigation, HomeClosesThePageAndBringsTheSummaryUpToDate) {
-  ShowPage(test_page->form);
-  CurrentPage = "frm_Test";
-  CurrentSelection[kCloud][1] = 2;
-  Press("frm_Main", "btn_Home");
-  EXPECT_FALSE(test_page->form.Visible());
-  EXPECT_EQ("frm_Main", CurrentPage);
-  EXPECT_EQ(OptionTitle(kCloud, 1, 2), MainForm().lbl_Cloud_Stratus.Caption());
-}
-
-TEST_F(Navigation, OnlyTheFirstHomeAfterTheStartClosesThePreview) {
-  ClickOn("frm_Main", "lbl_CloudPreview(0)");
-  Press("frm_Main", "btn_Home");
-  EXPECT_FALSE(PreviewIsOpen());
-  ClickOn("frm_Main", "lbl_CloudPreview(0)");
-  Press("frm_Main", "btn_Home");
-  EXPECT_TRUE(PreviewIsOpen());
-  ShowPage(test_page->form);
-  EXPECT_FALSE(PreviewIsOpen());
-  EXPECT_EQ(kPreviewClosedText, MainForm().lbl_PreviewText.Caption());
-}
-
-TEST_F(Navigation, SaveAndInstallReachesTheSimulatorAndTheHistory) {
-  Answers answers;
-  CurrentSelection[kWater][0] = 1;
-  CurrentSelection[kSky][3] = 2;
-  ClickOn("frm_Main", "lbl_Check_Sun");
-  WriteText(world.Simulator() / "Texture" / "BASE.BMP", "old");
-  WriteText(world.Program() / "TempBitmaps" / "cumulus01.bmp", "clouds of the last run");
-  Press("frm_Main", "btn_Install");
-  EXPECT_EQ(std::vector<std::string>{"Copying Files to Flight Simulator"}, answers.titles);
-  EXPECT_EQ("base1", ReadText(world.Simulator() / "Texture" / "BASE.BMP"));
-  EXPECT_EQ("night2", ReadText(world.Simulator() / "Texture" / "night.bmp"));
-  EXPECT_EQ("waves0", ReadText(world.Simulator() / "Waves" / "waves.bmp"));
-  const std::string history = ReadText(world.Program() / "Data" / "History.nbh");
-  ASSERT_EQ(kRecordBytes, history.size());
-  const SettingsRecord record = DecodeRecord(std::as_bytes(std::span(history)));
-  EXPECT_EQ(1, record.Base);
-  EXPECT_EQ(2, record.Night);
-  EXPECT_EQ(0, record.Source);
-  EXPECT_EQ(0, record.Sun);
-  EXPECT_EQ(1, record.Contrails);
-  EXPECT_EQ(1, MainForm().combo_History.ListCount());
-}
-
-TEST_F(Navigation, LoadHistoryBringsTheChosenEntryBack) {
+TEST_F(Navigation, SaveAndInstallReachesSimulatorAndHistoryAndLoadHistoryComesBack) {
+  WriteText(world.Simulator("Texture/NIGHT.BMP"), "old");
+  WriteText(world.Program("TempBitmaps/cumulus01.bmp"), "clouds of the last run");
   Answers answers;
   Press("frm_Main", "btn_History");
   EXPECT_TRUE(answers.titles.empty()) << "no row selected";
+  Press("frm_Main", "lbl_Check_Sun");
   for (const int option : {1, 2}) {
-    CurrentSelection[kCloud][2] = static_cast<std::int16_t>(option);
+    ui.CurrentSelection[Group::kBase] = 1;
+    ui.CurrentSelection[Group::kNight] = static_cast<std::int16_t>(option);
     Press("frm_Main", "btn_Install");
+    EXPECT_EQ("night " + std::to_string(option), ReadText(world.Simulator("Texture/NIGHT.BMP")));
   }
-  answers.titles.clear();
-  MainForm().combo_History.SetListIndex(1);
-  EXPECT_EQ(2, CurrentSelection[kCloud][2]) << "picking a row alone loads nothing";
-  ClickOn("frm_Main", "lbl_CloudPreview(2)");
+  EXPECT_EQ("base 1", ReadText(world.Simulator("Scenery/World/texture/base.bmp")));
+  ASSERT_EQ(2U, answers.titles.size());
+  EXPECT_EQ("Copying Files to Flight Simulator", answers.titles[0]);
+  EXPECT_TRUE(answers.texts[0].starts_with("All environment files have been copied"));
+  const std::string history = ReadText(world.Program("Data/History.nbh"));
+  ASSERT_EQ(2 * kRecordBytes, history.size());
+  const SettingsRecord newest =
+      DecodeRecord(std::as_bytes(std::span(history)).subspan(kRecordBytes));
+  EXPECT_EQ((Choice{ui.CurrentSelection, false, true}), newest.choice);
+  EXPECT_EQ(kFromUser, newest.Source);
+
+  Main().combo_History.SetListIndex(1);
+  EXPECT_EQ(2, ui.CurrentSelection[Group::kNight]) << "picking a row alone loads nothing";
+  Press("frm_Main", "lbl_SkyPreview(3)");
   Press("frm_Main", "btn_History");
-  EXPECT_EQ(std::vector<std::string>{"History Settings Loaded"}, answers.titles);
-  EXPECT_EQ(1, CurrentSelection[kCloud][2]);
-  EXPECT_EQ(OptionTitle(kCloud, 2, 1), MainForm().lbl_Cloud_Wispy.Caption());
-  EXPECT_EQ(OptionColor(kCloud, 2, 1), platform::GetPixel(PreviewForm().form.hDC(), 130, 100))
-      << "an open large preview";
-  EXPECT_EQ(1, MainForm().combo_History.ListIndex());
-  EXPECT_EQ(-1, HistoryFocusIndex);
+  EXPECT_EQ("History Settings Loaded", answers.titles.back());
+  EXPECT_EQ(1, ui.CurrentSelection[Group::kNight]);
+  EXPECT_EQ(OptionTitle(Group::kNight, 1), Main().titles[Group::kNight]->Caption());
+  EXPECT_EQ(OptionColor(Group::kNight, 1), ColorAt(ui.forms.preview->form, {130, 100}));
+  EXPECT_EQ(1, Main().combo_History.ListIndex());
+  EXPECT_EQ(-1, ui.HistoryFocusIndex);
 }
 
-TEST_F(Navigation, CancelClearsWhatAnOkWouldHaveDone) {
-  PendingMessageAction = 2;
-  MessageAnswer = 1;
-  QTimer::singleShot(0, [] { Press("frm_Msg", "btn_Cancel"); });
-  ShowMessage("Question", "?", "?", true, true, false);
-  EXPECT_EQ(0, PendingMessageAction);
-  EXPECT_EQ(0, MessageAnswer);
+/// A read-only file is refused also if the tests run as root.
+TEST_F(Navigation, AnInstallNamesUpToThreeFilesThatItCouldNotReplace) {
+  const auto install = [this](const std::vector<const char*>& kept) {
+    for (const char* file : kept) {
+      WriteText(world.Simulator(file), "old");
+      std::filesystem::permissions(world.Simulator(file), std::filesystem::perms::owner_read);
+    }
+    Answers answers;
+    Press("frm_Main", "btn_Install");
+    EXPECT_EQ(2U, answers.texts.size());
+    return answers.texts.back();
+  };
+  EXPECT_EQ(
+      "One file could not be put into Flight Simulator. What stood there before is still in "
+      "place.\r\rTexture\\waves.bmp is read-only.\r\rPress the checkmark to continue.",
+      install({"Texture/waves.bmp"}));
+  EXPECT_EQ(
+      "4 files could not be put into Flight Simulator. What stood there before is still in "
+      "place.\r\rTexture\\waves.bmp is read-only.\rTexture\\sunrise.bmp is read-only.\r"
+      "Texture\\day.bmp is read-only.\r...\r\rPress the checkmark to continue.",
+      install({"Texture/sunrise.bmp", "Texture/day.bmp", "Texture/night.bmp"}));
 }
 
-TEST_F(Navigation, HelpOpensTheManual) {
-  static std::string opened;
-  toolkit::SetOpenListener([](std::string_view file) { opened = file; });
+TEST_F(Navigation, HelpOpensTheManualAndMinimizeTheTaskList) {
+  const OpenedDocument opened;
+  WriteText(world.Program("Nimbrel Help.pdf"), "pages");
   Press("frm_Main", "btn_Help");
-  toolkit::SetOpenListener(nullptr);
-  EXPECT_TRUE(opened.ends_with("Nimbrel Help.pdf")) << opened;
+  EXPECT_EQ(world.Program("Nimbrel Help.pdf").string(), opened.File());
+  Press("frm_Main", "btn_Minimize");
+  EXPECT_TRUE(Window("frm_Main")->isMinimized());
 }
 
 }  // namespace

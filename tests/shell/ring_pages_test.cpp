@@ -1,156 +1,272 @@
 #include <gtest/gtest.h>
 
-#include <QImage>
+#include <QCoreApplication>
+#include <QEvent>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "ShellWorld.h"
-#include "settings/Catalogue.h"
-#include "settings/Selection.h"
-#include "settings/mod_Main.h"
-#include "shell/Pages.h"
-#include "shell/RingPage.h"
-#include "shell/frm_About.h"
-#include "shell/frm_Main.h"
-#include "shell/frm_Sky.h"
+#include "settings/Configuration.h"
+#include "shell/State.h"
+#include "shell/dispatch.h"
+#include "shell/painting/Pictures.h"
+#include "shell/painting/mod_Load_Previews.h"
+#include "shell/rings/RingActions.h"
+#include "shell/rings/RingPage.h"
+#include "shell/rings/RingPlan.h"
+#include "shell/rings/RingSpec.h"
+#include "support/BmpFile.h"
+#include "support/Surface.h"
 
 namespace nimbrel {
 namespace {
 
-struct RingPages : testing::Test {
-  RingPages() {
-    StartProgram();
-    CloudFrontGroup = SkyFrontGroup = WaterFrontGroup = 0;
+constexpr std::uint32_t kBackground = 0xC9D5E7;  ///< kPlainColor, without a background picture
+constexpr int kMissingMini = 5;
+constexpr auto kClockwise = TurnDirection::kClockwise;
+constexpr auto kCounter = TurnDirection::kCounterclockwise;
+
+std::uint32_t MiniColor(int mini) { return 0x100804U * static_cast<std::uint32_t>(mini + 1); }
+
+/// Of the small sky pictures one is broken, and all others are white in their left half.
+struct Rings : testing::Test {
+  Rings() {
+    for (int mini = 0; mini < 14; ++mini) {
+      const auto half = [mini](int x, int) { return x < 15 ? 0xFFFFFFU : MiniColor(mini); };
+      WriteText(world.Program("Media/Screen Shots/Sky_Mini_" + std::to_string(mini) + ".BMP"),
+                mini == kMissingMini ? "no picture" : ColorBmp(31, 31, half).Bytes());
+    }
+    ui.catalogue = ReadCatalogue(ui.folders);
+    LoadPictures();
+    ui.CurrentSelection.values = {0, 1, 2, 0, 1, 2, 0, 1, 2, 0, 1};
+  }
+  static void LoadPictures() {
+    ui.pictures = std::make_shared<Pictures>(ui.catalogue, ui.folders);
+    LoadSkyMinis();
   }
   ShellWorld world;
 };
 
-platform::ColorRef ColorAt(const toolkit::Form& form, int x, int y) {
-  return platform::GetPixel(form.hDC(), x, y);
+std::int16_t& Front(Family family) { return ui.*kRingSpecs[family].front; }
+
+std::uint32_t SelectedColor(Group group) { return OptionColor(group, ui.CurrentSelection[group]); }
+
+Surface Shot(const toolkit::Form& form) {
+  Surface shot(596, 450);
+  shot.hdc->bitmap->bits = form.hDC()->bitmap->bits;
+  return shot;
 }
 
-struct Labels {
-  std::string base;
-  std::string right;
-  std::string center;
-  std::string left;
+const std::vector<std::uint8_t>& BitsOf(const Surface& surface) {
+  return surface.hdc->bitmap->bits;
+}
+
+/// What a ring page puts on the screen from now on, each picture once.
+class Sights : public QObject {
+ public:
+  explicit Sights(Family family) : form_(RingPageOf(family).form) {
+    form_.Show();
+    form_.Refresh();
+    Window(form_.Name())->installEventFilter(this);
+  }
+  std::vector<Surface> frames;
+
+ private:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint &&
+        (frames.empty() || BitsOf(frames.back()) != form_.hDC()->bitmap->bits)) {
+      frames.push_back(Shot(form_));
+    }
+    return false;
+  }
+  toolkit::Form& form_;
 };
 
-void ExpectLabels(const RingPage& page, const Labels& expected) {
-  EXPECT_EQ(expected.base, page.lbl_Base.Caption());
-  EXPECT_EQ(expected.right, page.lbl_Right.Caption());
-  EXPECT_EQ(expected.left, page.lbl_Left.Caption());
-  if (page.lbl_Center) {
-    EXPECT_EQ(expected.center, page.lbl_Center->Caption());
+struct Shown {
+  OrbitSlot place;
+  std::uint32_t color;
+};
+
+/// The colour at a point by the pictures there, in drawing order; nothing in a border, a shadow or
+/// a rounded corner.
+std::optional<std::uint32_t> ColorOf(const std::vector<Shown>& pictures, int x, int y) {
+  std::optional<std::uint32_t> color = kBackground;
+  for (const auto& [place, own] : pictures) {
+    const int dx = std::min(x - place.left, place.left + place.width - x);
+    const int dy = std::min(y - place.top, place.top + place.height - y);
+    if (dx >= 2 && dy >= 2 && (dx > 20 || dy > 20)) {
+      color = own;
+    } else if (dx > -6 && dy > -6) {
+      color = std::nullopt;
+    }
+  }
+  return color;
+}
+
+void ExpectPictures(const std::vector<Shown>& pictures, const Surface& sight) {
+  for (int at = 0; at < 596 * 450; at += 7) {
+    const auto color = ColorOf(pictures, at % 596, at / 596);
+    const std::uint32_t seen = sight.At(at % 596, at / 596);
+    ASSERT_EQ(color.value_or(seen), seen) << at % 596 << ' ' << at / 596;
   }
 }
 
-TEST_F(RingPages, TheCloudRingTurnsThroughItsFourGroupsAndBack) {
-  CurrentSelection[kCloud] = {0, 1, 2, 0};
-  Press("frm_Main", "btn_3d");
-  EXPECT_EQ("frm_3d", CurrentPage);
-  EXPECT_EQ(Window("frm_Main"), Window("frm_3d")->parentWidget());
-  const std::string solid = OptionTitle(kCloud, 0, 0);
-  const std::string stratus = OptionTitle(kCloud, 1, 1);
-  const std::string wispy = OptionTitle(kCloud, 2, 2);
-  const std::string cirrus = OptionTitle(kCloud, 3, 0);
-  const std::vector<Labels> turns{
-      {"Solid Cumulus: " + solid, "Stratus: " + stratus, "Wispy: " + wispy, "Cirrus: " + cirrus},
-      {"Stratus: " + stratus, "Wispy: " + wispy, "Cirrus: " + cirrus, "Solid: " + solid},
-      {"Wispy Edges: " + wispy, "Cirrus: " + cirrus, "Solid: " + solid, "Stratus: " + stratus},
-      {"Cirrus: " + cirrus, "Solid: " + solid, "Stratus: " + stratus, "Wispy: " + wispy}};
-  const Selection before = CurrentSelection;
-  for (std::size_t turn = 0; turn < 4; ++turn) {
-    ExpectLabels(CloudPage(), turns[turn]);
-    const int group = static_cast<int>(turn);
-    EXPECT_EQ(OptionColor(kCloud, group, before[kCloud][turn]),
-              ColorAt(CloudPage().form, 298, 220));
-    Press("frm_3d", "btn_Clockwise");
+/// Each picture moves by one slot in each frame, drawn in the order of the ring at rest. Only when
+/// the cloud ring turns to the group before is the new front picture drawn last half-way.
+std::vector<Shown> TurningPictures(Family family, int before, TurnDirection direction, int frame) {
+  std::vector<int> offsets{1, 2, 3, 0};
+  if (family == Family::kWater) {
+    offsets = {1, 2, 0};
+  } else if (direction == kCounter && frame >= 3) {
+    offsets = {1, 2, 0, 3};
   }
-  EXPECT_EQ(0, CloudFrontGroup);
-  Press("frm_3d", "btn_CounterClockwise");
-  ExpectLabels(CloudPage(), turns[3]);
-  EXPECT_EQ(before, CurrentSelection);
-}
-
-TEST_F(RingPages, ATurnEndsAsTheRingAtRestIsDrawn) {
-  for (const char* direction : {"btn_Clockwise", "btn_CounterClockwise"}) {
-    Press("frm_Main", "btn_Water");
-    Press("frm_Water", direction);
-    const std::vector<std::uint8_t> turned = WaterPage().form.hDC()->bitmap->bits;
-    Press("frm_Main", "btn_Water");
-    EXPECT_EQ(turned, WaterPage().form.hDC()->bitmap->bits) << direction;
+  const auto& orbit = kRingPlans[family].orbit;
+  std::vector<Shown> pictures;
+  for (const int offset : offsets) {
+    const int moved = static_cast<int>(orbit.size()) + (direction == kCounter ? frame : -frame);
+    const auto slot = static_cast<std::size_t>(5 * offset + moved) % orbit.size();
+    pictures.push_back({orbit[slot], SelectedColor(GroupAt(family, before + offset))});
   }
-  EXPECT_EQ(0, WaterFrontGroup);
+  return pictures;
 }
 
-TEST_F(RingPages, StepsEndAtBothEndsAndTheArrowsFollow) {
-  Press("frm_Main", "btn_Water");
-  RingPage& page = WaterPage();
-  const auto arrows = [&page] { return page.btn_Left.state() + "/" + page.btn_Right.state(); };
-  EXPECT_EQ("enabled/enabled", arrows()) << "stale until the first step";
-  const struct {
-    const char* button;
-    int option;
-    const char* arrows;
-  } steps[] = {
-      {"btn_Left", 0, "disabled/enabled"},  {"btn_Right", 1, "enabled/highlight"},
-      {"btn_Right", 2, "enabled/disabled"}, {"btn_Right", 2, "enabled/disabled"},
-      {"btn_Left", 1, "highlight/enabled"},
-  };
-  for (const auto& step : steps) {
-    Press("frm_Water", step.button);
-    EXPECT_EQ(step.option, CurrentSelection[kWater][0]);
-    EXPECT_EQ(step.arrows, arrows());
+TEST_F(Rings, PicturesMoveBySlotsAndATurnEndsAsTheRingAtRest) {
+  const Selection selection = ui.CurrentSelection;
+  for (const auto& [family, groups] : {std::pair{Family::kCloud, 4}, {Family::kWater, 3}}) {
+    for (int turn = 0; turn < 2 * groups; ++turn) {
+      SCOPED_TRACE(std::to_string(groups) + " groups, turn " + std::to_string(turn));
+      const auto direction = turn < groups ? kClockwise : kCounter;
+      const int before = Front(family);
+      Sights sights(family);
+      TurnRing(family, direction);
+      EXPECT_EQ((before + (direction == kClockwise ? 1 : groups - 1)) % groups, Front(family));
+      ASSERT_EQ(6U, sights.frames.size());
+      for (int frame = 0; frame < 5; ++frame) {
+        ExpectPictures(TurningPictures(family, before, direction, frame),
+                       sights.frames[static_cast<std::size_t>(frame)]);
+      }
+      ExpectPictures(TurningPictures(family, Front(family), kClockwise, 0), sights.frames[5]);
+      DrawAtRest(family);
+      EXPECT_EQ(6U, sights.frames.size()) << "the ring at rest looks no different";
+    }
   }
-  EXPECT_EQ("Base Color: " + OptionTitle(kWater, 0, 1), page.lbl_Base.Caption());
-  EXPECT_EQ(OptionColor(kWater, 0, 1), ColorAt(page.form, 298, 220));
-  Press("frm_Main", "btn_Home");
-  EXPECT_EQ(OptionTitle(kWater, 0, 1), MainForm().lbl_Water_Base.Caption());
+  EXPECT_EQ(selection, ui.CurrentSelection);
 }
 
-TEST_F(RingPages, TheSkyRingTurnsTheOtherWayAndKeepsItsFrontGroup) {
-  CurrentSelection[kSky] = {0, 1, 2, 1};
-  Press("frm_Main", "btn_Sky");
-  EXPECT_EQ("frm_sky", CurrentPage);
-  EXPECT_EQ("Sunrise Options", SkyPage().lbl_Setting.Caption());
-  const struct {
-    const char* button;
-    int group;
-    const char* setting;
-  } turns[] = {{"btn_CounterClockwise", 1, "Day Options"},
-               {"btn_CounterClockwise", 2, "Sunset Options"},
-               {"btn_Clockwise", 1, "Day Options"},
-               {"btn_Clockwise", 0, "Sunrise Options"},
-               {"btn_Clockwise", 3, "Night Options"}};
-  for (const auto& turn : turns) {
-    Press("frm_Sky", turn.button);
-    const auto group = static_cast<std::size_t>(turn.group);
-    EXPECT_EQ(turn.setting, SkyPage().lbl_Setting.Caption());
-    EXPECT_EQ(OptionColor(kSky, turn.group, CurrentSelection[kSky][group]),
-              ColorAt(SkyPage().form, 298, 167));
+TEST_F(Rings, TheSkyRimTurnsAroundTheNewPicture) {
+  constexpr std::array kStarts{2, 6, 10, 13};
+  for (int turn = 0; turn < 8; ++turn) {
+    const bool counter = turn < 4;
+    const auto before = static_cast<std::size_t>(ui.SkyFrontGroup);
+    Sights sights(Family::kSky);
+    TurnRing(Family::kSky, counter ? kCounter : kClockwise);
+    const auto after = static_cast<std::size_t>(ui.SkyFrontGroup);
+    EXPECT_EQ((before + (counter ? 1 : 3)) % 4, after) << "the other way than the other rings";
+    int start = kStarts[before];
+    for (const Surface& sight : sights.frames) {
+      SCOPED_TRACE(std::to_string(turn) + " rim from " + std::to_string(start));
+      EXPECT_EQ(SelectedColor(GroupAt(Family::kSky, ui.SkyFrontGroup)), sight.At(298, 167));
+      EXPECT_EQ(kBorderColor & 0xFFFFFFU, sight.At(298, 67));
+      for (int slot = 0; slot < 14; ++slot) {
+        const int mini = (start + slot) % 14;
+        const OrbitSlot& place = SkyOrbit[static_cast<std::size_t>(slot)];
+        const int y = place.top + 15;
+        EXPECT_EQ(mini == kMissingMini ? kBackground : MiniColor(mini),
+                  sight.At(place.left + 23, y));
+        EXPECT_EQ(kBackground, sight.At(place.left + 8, y)) << "white is transparent";
+        EXPECT_NE(kBackground, sight.At(place.left, y)) << "rim of slot " << slot;
+      }
+      start = (start + (counter ? 1 : 13)) % 14;
+    }
+    EXPECT_EQ((kStarts[after] + (counter ? 1 : 13)) % 14, start) << "ends as at rest";
   }
-  Press("frm_Main", "btn_Home");
-  Press("frm_Main", "btn_Sky");
-  EXPECT_EQ(3, SkyFrontGroup);
-  EXPECT_EQ("Night Options", SkyPage().lbl_Setting.Caption());
-  EXPECT_EQ(OptionTitle(kSky, 2, 2), SkyPage().lbl_Title[2].Caption());
 }
 
-TEST_F(RingPages, AnOptionOutsideTheCatalogueShowsItsFrameAlone) {
-  CurrentSelection[kCloud] = {-5, 99, 32767, 0};
-  Press("frm_Main", "btn_3d");
-  EXPECT_EQ("Solid Cumulus: ", CloudPage().lbl_Base.Caption());
-  Press("frm_3d", "btn_Clockwise");
-  EXPECT_EQ("Stratus: ", CloudPage().lbl_Base.Caption());
-  Press("frm_3d", "btn_Left");
-  EXPECT_EQ(98, CurrentSelection[kCloud][1]);
+const toolkit::Label& LabelOf(Family family, std::string_view name) {
+  const auto has_name = [name](const auto& label) { return label->Name() == name; };
+  return **std::ranges::find_if(RingPageOf(family).labels, has_name);
 }
 
-TEST_F(RingPages, AboutNamesTheVersion) {
-  Press("frm_Main", "btn_About");
-  EXPECT_EQ("frm_About", CurrentPage);
-  EXPECT_EQ("version: 1.3.0", AboutPage().lbl_Version.Caption());
+TEST_F(Rings, LabelsNameWhatIsShown) {
+  for (const auto& [front, label, text] :
+       {std::tuple{Group::kSolid, "lbl_Base", "Solid Cumulus: solid title 0"},
+        {Group::kSolid, "lbl_Center", "Wispy: wispy title 2"},
+        {Group::kWispy, "lbl_Base", "Wispy Edges: wispy title 2"},
+        {Group::kWispy, "lbl_Right", "Cirrus: cirrus title 0"},
+        {Group::kWispy, "lbl_Left", "Stratus: stratus title 1"},
+        {Group::kCirrus, "lbl_Right", "Solid: solid title 0"},
+        {Group::kCirrus, "lbl_Description", "cirrus text 0"},
+        {Group::kEnvironment, "lbl_Base", "Reflectivity: environment title 0"},
+        {Group::kEnvironment, "lbl_Right", "Waves: waves title 1"},
+        {Group::kEnvironment, "lbl_Left", "Base Color: base title 2"},
+        {Group::kNight, "lbl_Setting", "Night Options"},
+        {Group::kNight, "lbl_Title(0)", "sunrise title 1"},
+        {Group::kDay, "lbl_Title(3)", "night title 1"}}) {
+    const Family family = FamilyOf(front);
+    Front(family) = static_cast<std::int16_t>(IndexInFamily(front));
+    DrawAtRest(family);
+    EXPECT_EQ(text, LabelOf(family, label).Caption()) << label;
+  }
+}
+
+TEST_F(Rings, StepsEndAtBothEndsAndTheArrowsFollow) {
+  for (const auto& [group, direction] : {std::pair{Group::kStratus, kClockwise},
+                                         {Group::kDay, kCounter},
+                                         {Group::kEnvironment, kClockwise}}) {
+    const Family family = FamilyOf(group);
+    ui.CurrentSelection[group] = 0;
+    RingPage& page = RingPageOf(family);
+    const auto arrows = [&page] { return page.btn_Left.state() + "/" + page.btn_Right.state(); };
+    EXPECT_EQ("enabled/enabled", arrows()) << "until the first step or turn";
+    TurnRing(family, direction);
+    EXPECT_EQ("disabled/enabled", arrows()) << "of the new front group";
+    for (const auto& [step, option, states] : {std::tuple{-1, 0, "disabled/enabled"},
+                                               {1, 1, "enabled/enabled"},
+                                               {1, 2, "enabled/disabled"},
+                                               {1, 2, "enabled/disabled"},
+                                               {-1, 1, "enabled/enabled"}}) {
+      Sights sights(family);
+      StepOption(family, step);
+      EXPECT_EQ(option, ui.CurrentSelection[group]);
+      EXPECT_EQ(states, arrows());
+      ASSERT_EQ(1U, sights.frames.size());
+      EXPECT_EQ(OptionColor(group, option), sights.frames[0].At(298, 180));
+    }
+    ui.catalogue.options[group].resize(1);
+    StepOption(family, -1);
+    StepOption(family, 1);
+    EXPECT_EQ("disabled/enabled", arrows()) << "a group of one option keeps its right arrow";
+    EXPECT_EQ(0, ui.CurrentSelection[group]);
+  }
+}
+
+/// A click that waits among the events.
+void PostPress(const char* form, const char* button) {
+  QMetaObject::invokeMethod(
+      qApp, [=] { Press(form, button); }, Qt::QueuedConnection);
+}
+
+TEST_F(Rings, ClicksDuringATurnAreHandledAfterItAndNoneIsLost) {
+  ui.CurrentSelection = {};
+  ui.buttons.dispatch = RunClick;
+  for (const auto& [form, next, back, group] :
+       {std::tuple{"frm_3d", "btn_Clockwise", "btn_CounterClockwise", Group::kStratus},
+        {"frm_Sky", "btn_CounterClockwise", "btn_Clockwise", Group::kDay},
+        {"frm_Water", "btn_Clockwise", "btn_CounterClockwise", Group::kEnvironment}}) {
+    SCOPED_TRACE(form);
+    const Sights shown(FamilyOf(group));
+    PostPress(form, "btn_Right");
+    PostPress(form, "btn_Right");
+    Press(form, next);
+    EXPECT_EQ(Selection(), ui.CurrentSelection) << "not in the turn";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(2, ui.CurrentSelection[group]) << "on the group that came to the front";
+    Press(form, "btn_Left");
+    EXPECT_EQ(1, std::exchange(ui.CurrentSelection[group], std::int16_t{0}));
+    Press(form, back);
+    EXPECT_EQ(0, Front(FamilyOf(group)));
+  }
 }
 
 }  // namespace

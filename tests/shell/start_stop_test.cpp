@@ -3,15 +3,11 @@
 #include <QtTest>
 
 #include "ShellWorld.h"
-#include "settings/Selection.h"
-#include "settings/SettingsRecord.h"
-#include "settings/mod_Main.h"
-#include "shell/MainSwitches.h"
-#include "shell/Pages.h"
-#include "shell/frm_Main.h"
-#include "shell/frm_Preview.h"
-#include "shell/frm_Splash.h"
-#include "toolkit/gdiplus.h"
+#include "app/mod_Main.h"
+#include "shell/State.h"
+#include "shell/dialogs/frm_Splash.h"
+#include "shell/pages/frm_Main.h"
+#include "shell/pages/frm_Preview.h"
 
 namespace nimbrel {
 namespace {
@@ -20,30 +16,20 @@ using testing::ExitedWithCode;
 
 const std::vector<std::string> kNothing;
 
-std::string HistoryBytes(const std::vector<SettingsRecord>& entries) {
-  std::string bytes;
-  for (const SettingsRecord& entry : entries) {
-    for (const std::byte byte : EncodeRecord(entry)) {
-      bytes += static_cast<char>(byte);
-    }
-  }
-  return bytes;
-}
-
 TEST(Start, WithoutAHistoryShowsTheFirstOptionsAndWritesNothing) {
   const ShellWorld world;
-  const auto before = world.Files();
   StartProgram();
+  const frm_Main& main = *ui.forms.main;
   EXPECT_TRUE(Window("frm_Main")->isVisible());
-  EXPECT_FALSE(SplashForm().form.Visible());
-  EXPECT_EQ("", CurrentPage);
-  EXPECT_EQ(OptionTitle(kWater, 2, 0), MainForm().lbl_Water_Waves.Caption());
-  EXPECT_TRUE(IsOn(Switches().chk_Sun));
-  EXPECT_TRUE(IsOn(Switches().chk_Contrails));
-  EXPECT_TRUE(IsOn(Switches().chk_DXT));
-  EXPECT_FALSE(IsOn(Switches().chk_Fast));
-  EXPECT_EQ(-1, MainForm().combo_History.ListIndex());
-  EXPECT_EQ(kNothing, world.Changes(before));
+  EXPECT_FALSE(ui.forms.splash->form.Visible());
+  EXPECT_EQ("", ui.CurrentPage);
+  EXPECT_EQ(OptionTitle(Group::kWaves, 0), main.titles[Group::kWaves]->Caption());
+  EXPECT_TRUE(IsOn(main.chk_Sun));
+  EXPECT_TRUE(IsOn(main.chk_Contrails));
+  EXPECT_TRUE(IsOn(main.chk_DXT));
+  EXPECT_FALSE(IsOn(main.chk_Fast));
+  EXPECT_EQ(-1, main.combo_History.ListIndex());
+  EXPECT_EQ(kNothing, world.Changed());
 }
 
 TEST(Start, BringsTheNewestEntryBackAndTheNewestOfTheRandomizer) {
@@ -53,32 +39,23 @@ TEST(Start, BringsTheNewestEntryBackAndTheNewestOfTheRandomizer) {
   };
   for (const Case& row : {Case{{1, 0, 1, 0, 2}, 2}, Case{{0, 1}, 1}, Case{{0, 0}, -1}}) {
     const ShellWorld world;
-    std::vector<SettingsRecord> entries;
+    History history;
     for (const std::int16_t source : row.sources) {
-      const auto index = static_cast<std::int16_t>(entries.size());
-      entries.push_back({.Source = source, .Wispy = index, .Day = 1, .Sun = 0});
+      SettingsRecord entry{1.0 + static_cast<double>(history.entries.size()), source, {}};
+      entry.choice.option[Group::kDay] = static_cast<std::int16_t>(history.entries.size() % 3);
+      AppendToHistory(history, entry, ui.folders);
     }
-    WriteText(world.Program() / "Data" / "History.nbh", HistoryBytes(entries));
     StartProgram();
-    EXPECT_EQ(entries.back().Wispy, CurrentSelection[kCloud][2]);
-    EXPECT_EQ(OptionTitle(kSky, 1, 1), MainForm().lbl_Sky_Day.Caption());
-    EXPECT_FALSE(IsOn(Switches().chk_Sun));
-    EXPECT_EQ(
-        row.randomized < 0 ? SettingsRecord{} : entries[static_cast<std::size_t>(row.randomized)],
-        RandomizerRecord);
+    const SettingsRecord& newest = history.entries.back();
+    EXPECT_EQ(newest.choice.option, ui.CurrentSelection);
+    EXPECT_EQ(OptionTitle(Group::kDay, newest.choice.option[Group::kDay]),
+              ui.forms.main->titles[Group::kDay]->Caption());
+    EXPECT_FALSE(IsOn(ui.forms.main->chk_Sun));
+    EXPECT_FALSE(IsOn(ui.forms.main->chk_Contrails));
+    EXPECT_EQ(row.randomized < 0 ? SettingsRecord{}
+                                 : history.entries[static_cast<std::size_t>(row.randomized)],
+              ui.RandomizerRecord);
   }
-}
-
-/// No process has the number in these names, so none is still at work on them.
-TEST(Start, ClearsAwayWhatAKilledRunLeft) {
-  const ShellWorld world;
-  const auto before = world.Files();
-  for (const char* name : {"~nimbrel-999999999-1.tmp", "Data/~nimbrel-999999999-2.tmp",
-                           "TempBitmaps/~nimbrel-999999999-3.tmp"}) {
-    WriteText(world.Program() / name, "half");
-  }
-  StartProgram();
-  EXPECT_EQ(kNothing, world.Changes(before));
 }
 
 /// The process ends, so each of these runs it in a child.
@@ -88,77 +65,71 @@ struct EndOfProcess : testing::Test {
 using FailedStart = EndOfProcess;
 using Stop = EndOfProcess;
 
-/// A start that can't be finished, what it says, and what the information file holds (null: there
-/// is none).
-struct BadStart {
-  const char* information;
-  const char* message;
-};
-
 TEST_F(FailedStart, SaysWhyAndLeavesEveryStoredByte) {
-  for (const BadStart& row :
-       {BadStart{nullptr, "NB_Information.cfg file has not been found"},
-        BadStart{"", "Load Cumulus Configuration"},
-        BadStart{"\x01\xff[[=\r\n]\n=\0garbage", "Load Cumulus Configuration"},
-        BadStart{"[CloudTextures]\nnumSolid=99999\n", "Load Cumulus Configuration"}}) {
-    const ShellWorld world;
-    std::filesystem::remove(world.Program() / "NB_Information.cfg");
-    if (row.information != nullptr) {
-      WriteText(world.Program() / "NB_Information.cfg", row.information);
+  const std::string whole = InformationText(2);
+  for (const auto& [information, message] :
+       {std::pair{std::string("none"), "NB_Information.cfg file has not been found"},
+        {"", "Load Cumulus Configuration"},
+        {"\x01\xff[[=\r\n]\n=garbage", "Load Cumulus Configuration"},
+        {With(whole, "numSolid=2", "numSolid=99999"), "Load Cumulus Configuration"},
+        {With(whole, "numDay=2", "numDay=99999"), "Load Sky Configuration"},
+        {With(whole, "numBase=2", "numBase=99999"), "Load Water Configuration"}}) {
+    ShellWorld world;
+    world.WriteInformation(information);
+    if (information == "none") {
+      std::filesystem::remove(world.Program("NB_Information.cfg"));
     }
-    WriteText(world.Program() / "Data" / "History.nbh", "a history");
-    const auto before = world.Files();
+    WriteText(world.Program("Data/History.nbh"), "a history");
+    world.MarkUnchanged();
     EXPECT_EXIT(
         {
           const Answers answers;
           StartProgram();
         },
-        ExitedWithCode(1), row.message);
-    EXPECT_EQ(kNothing, world.Changes(before));
+        ExitedWithCode(1), message);
+    EXPECT_EQ(kNothing, world.Changed());
   }
-}
-
-TEST_F(FailedStart, WithoutTheGraphicsLibraryTheSystemsOwnBoxSaysSo) {
-  const ShellWorld world;
-  const auto before = world.Files();
-  toolkit::SetGdiplusStartupStatus(toolkit::Status::GenericError);
-  EXPECT_EXIT(
-      {
-        const Answers answers;
-        StartProgram();
-      },
-      ExitedWithCode(1), "Error loading GDI");
-  toolkit::SetGdiplusStartupStatus(toolkit::Status::Ok);
-  EXPECT_EQ(kNothing, world.Changes(before));
 }
 
 void LeaveByExit() { Press("frm_Main", "btn_Exit"); }
 void LeaveByClose() { Window("frm_Main")->close(); }
 void LeaveWithPreview() {
-  ClickOn("frm_Main", "lbl_SkyPreview(0)");
+  Press("frm_Main", "lbl_SkyPreview(0)");
   ShutDownProgram();
 }
 
 TEST_F(Stop, WritesTheTwoMachineSwitchesAndNothingElse) {
   for (void (*leave)() : {LeaveByExit, LeaveByClose, LeaveWithPreview}) {
     const ShellWorld world;
-    const auto before = world.Files();
     EXPECT_EXIT(
         {
           StartProgram();
-          ClickOn("frm_Main", "lbl_Check_DXT");
-          ClickOn("frm_Main", "lbl_Check_Fast");
-          ClickOn("frm_Main", "lbl_Check_Sun");
-          CurrentSelection[kCloud][0] = 2;
+          Press("frm_Main", "lbl_Check_DXT");
+          Press("frm_Main", "lbl_Check_Fast");
+          Press("frm_Main", "lbl_Check_Sun");
+          ui.CurrentSelection[Group::kSolid] = 2;
           leave();
         },
         ExitedWithCode(0), "");
-    std::string expected = before.at("NB_Information.cfg");
-    expected.replace(expected.find("useDXT=1"), 8, "useDXT=0");
-    expected.replace(expected.find("useLowRes=0"), 11, "useLowRes=1");
-    EXPECT_EQ(expected, ReadText(world.Program() / "NB_Information.cfg"));
-    EXPECT_EQ(std::vector<std::string>{"NB_Information.cfg"}, world.Changes(before));
+    EXPECT_EQ(With(With(InformationText(2), "useDXT=1", "useDXT=0"), "useLowRes=0", "useLowRes=1"),
+              ReadText(world.Program("NB_Information.cfg")));
+    EXPECT_EQ(std::vector<std::string>{"Modules/Nimbrel/NB_Information.cfg"}, world.Changed());
   }
+}
+
+TEST_F(Stop, SaysThatTheInformationFileIsGoneAndMakesNone) {
+  ShellWorld world;
+  EXPECT_EXIT(
+      {
+        StartProgram();
+        std::filesystem::remove(world.Program("NB_Information.cfg"));
+        // A second end, asked for while the message is shown, changes nothing.
+        QTimer::singleShot(0, LeaveByClose);
+        const Answers answers;
+        Press("frm_Main", "btn_Exit");
+      },
+      ExitedWithCode(0), "has not been found");
+  EXPECT_FALSE(std::filesystem::exists(world.Program("NB_Information.cfg")));
 }
 
 }  // namespace

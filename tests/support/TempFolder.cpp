@@ -1,26 +1,35 @@
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 namespace fs = std::filesystem;
 
 namespace {
+
 constexpr uid_t kNobody = 65534;
+
+/// A step without which the test would say nothing.
+void Require(bool done, const fs::path& path) {
+  if (!done) {
+    throw fs::filesystem_error("a test's file", path, {errno, std::generic_category()});
+  }
 }
+
+}  // namespace
 
 TempFolder::TempFolder() {
   std::string name = (fs::temp_directory_path() / "nimbrel-test-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) {
-    throw fs::filesystem_error("no temporary folder", name,
-                               std::make_error_code(std::errc::io_error));
-  }
+  Require(mkdtemp(name.data()) != nullptr, name);
   path_ = fs::canonical(name);
+  // An OrdinaryUser of a part of it has to get there.
+  fs::permissions(path_, fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
 }
 
 TempFolder::~TempFolder() {
@@ -41,7 +50,7 @@ void WriteText(const fs::path& file, std::string_view bytes) {
 
 std::string ReadText(const fs::path& file) {
   const std::ifstream in(file, std::ios::binary);
-  EXPECT_TRUE(in.is_open()) << file;
+  Require(in.is_open(), file);
   return {std::istreambuf_iterator<char>(in.rdbuf()), {}};
 }
 
@@ -49,15 +58,15 @@ OrdinaryUser::OrdinaryUser(const fs::path& folder) : was_root_(geteuid() == 0) {
   if (!was_root_) {
     return;
   }
-  EXPECT_EQ(0, lchown(folder.c_str(), kNobody, kNobody));
+  Require(lchown(folder.c_str(), kNobody, kNobody) == 0, folder);
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-    EXPECT_EQ(0, lchown(entry.path().c_str(), kNobody, kNobody));
+    Require(lchown(entry.path().c_str(), kNobody, kNobody) == 0, entry.path());
   }
-  EXPECT_EQ(0, seteuid(kNobody));
+  Require(seteuid(kNobody) == 0, folder);
 }
 
 OrdinaryUser::~OrdinaryUser() {
-  if (was_root_) {
-    EXPECT_EQ(0, seteuid(0));
+  if (was_root_ && seteuid(0) != 0) {
+    std::abort();
   }
 }

@@ -22,7 +22,7 @@ class TempFolder {
 
 /// Writes a file, making its folders.
 void WriteText(const std::filesystem::path& file, std::string_view bytes);
-/// The file's bytes; fails the test when it is missing.
+/// The file's bytes. Throws if the file is missing.
 std::string ReadText(const std::filesystem::path& file);
 
 /// While one lives, the file system treats the process as an ordinary user, so that permissions

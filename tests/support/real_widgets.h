@@ -24,7 +24,7 @@ inline QWidget* FindWidget(std::string_view name) {
   return nullptr;
 }
 
-/// Fails the test and gives a stray widget when there is none of that name.
+/// Fails the test and gives a stray widget if no widget has that name.
 inline QWidget& Widget(std::string_view name) {
   static QWidget stray;
   QWidget* found = FindWidget(name);

@@ -1,0 +1,7 @@
+#include "shell/State.h"
+
+namespace nimbrel {
+
+State ui;
+
+}  // namespace nimbrel
